@@ -1,0 +1,16 @@
+#include "base/SettingsStore.h"
+
+QString SettingsStore::value(const SettingKey<QString>& key) const
+{
+    return m_settings.value(QLatin1String(key.name), QString::fromLatin1(key.fallback)).toString();
+}
+
+QRect SettingsStore::geometry(const QRect& fallback) const
+{
+    return m_settings.value(QLatin1String(SettingKeys::geometry), fallback).toRect();
+}
+
+void SettingsStore::setGeometry(const QRect& geometry)
+{
+    m_settings.setValue(QLatin1String(SettingKeys::geometry), geometry);
+}
