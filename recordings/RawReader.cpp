@@ -14,7 +14,7 @@ void RawReader::load(const QString& path, bool headerOnly)
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         clear();
         errorText = QStringLiteral("Cannot open file '") + path + QLatin1Char('\'');
-        qCDebug(lcRecordings) << errorText;
+        qCDebug(lcRecordings, "%s", qUtf8Printable(errorText));
         return;
     }
     load(file, path, headerOnly);
@@ -32,7 +32,7 @@ void RawReader::load(QIODevice& device, const QString& path, bool headerOnly)
                                      !samples.empty()));
     if (!readable) {
         errorText = QStringLiteral("Cannot read data from '") + path + QLatin1Char('\'');
-        qCDebug(lcRecordings) << errorText;
+        qCDebug(lcRecordings, "%s", qUtf8Printable(errorText));
     }
 }
 

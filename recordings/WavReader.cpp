@@ -99,7 +99,7 @@ bool WavReader::readOpening(RiffChunks& chunks)
     riffSize = opening.riffSize.value_or(0);
     if (qint64(riffSize) + 8 != chunks.fileSize()) {
         errorText = QStringLiteral("File size in header not identical to real file size.");
-        qCDebug(lcRecordings) << errorText;
+        qCDebug(lcRecordings, "%s", qUtf8Printable(errorText));
     }
     if (opening.formTag != fourCC("WAVE"))
         return fail(QStringLiteral("File is not a WAVE file."));
@@ -149,7 +149,7 @@ bool WavReader::readFmt(RiffChunks& chunk)
     bytesPerSample = bitsPerSample / 8;
     fmtFound = true;
     qCDebug(lcRecordings, "Found FMT chunk");
-    qCDebug(lcRecordings) << "Sample rate: " << sampleRate;
+    qCDebug(lcRecordings, "Sample rate: %u", sampleRate);
     return true;
 }
 
@@ -195,7 +195,7 @@ bool WavReader::readTime(RiffChunks& chunk)
     if (!readText(chunk, qint64(timeSize) - 56, &timeChar3))
         return fail(cut);
     timeFound = true;
-    qCDebug(lcRecordings) << "Found TIME chunk" << timeRecDate << timeDate;
+    qCDebug(lcRecordings, "Found TIME chunk: %s %s", qUtf8Printable(timeRecDate), qUtf8Printable(timeDate));
     return true;
 }
 
@@ -218,8 +218,9 @@ bool WavReader::readBext(RiffChunks& chunk)
     if (!chunk.skip(skipped) || !readText(chunk, behindTexts - skipped, &bextCodingHistory, charset))
         return fail(cut);
     bextFound = true;
-    qCDebug(lcRecordings) << "Found BEXT chunk" << bextDescription << bextOriginator << bextReference
-                          << bextDate << bextTime << bextCodingHistory;
+    for (const QString* text :
+         {&bextDescription, &bextOriginator, &bextReference, &bextDate, &bextTime, &bextCodingHistory})
+        qCDebug(lcRecordings, "Found BEXT chunk: %s", qUtf8Printable(*text));
     return true;
 }
 
@@ -233,7 +234,7 @@ bool WavReader::readSpl(RiffChunks& chunk)
         return true;
     splValue = splValue.trimmed();
     splFound = true;
-    qCDebug(lcRecordings) << "Found SPL chunk" << splValue;
+    qCDebug(lcRecordings, "Found SPL chunk: %s", qUtf8Printable(splValue));
     return true;
 }
 
@@ -248,7 +249,7 @@ bool WavReader::readWamd(RiffChunks& chunk)
         !readText(chunk, 8, &wamdTime) || !chunk.skip(qint64(wamdSize) - 19 - skipped))
         return fail(cut);
     wamdFound = true;
-    qCDebug(lcRecordings) << "Found WAMD chunk" << wamdDate << wamdTime;
+    qCDebug(lcRecordings, "Found WAMD chunk: %s %s", qUtf8Printable(wamdDate), qUtf8Printable(wamdTime));
     return true;
 }
 
@@ -262,6 +263,6 @@ bool WavReader::fail(const QString& text)
 {
     valid = false;
     errorText = text;
-    qCDebug(lcRecordings) << text;
+    qCDebug(lcRecordings, "%s", qUtf8Printable(text));
     return false;
 }
