@@ -1,0 +1,490 @@
+#include "recordings/RiffChunks.h"
+#include "recordings/WavReader.h"
+#include "tools/WavBytes.h"
+
+#include <QBuffer>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
+namespace {
+
+/// A file of `size` bytes that has `head` at its start, `tail` at its end and nothing between: what a test of
+/// gigabytes needs. It counts what is read; bytes between head and tail cannot be read.
+class HollowFile : public QIODevice
+{
+public:
+    HollowFile(const QByteArray& head, qint64 size, const QByteArray& tail)
+        : m_head(head), m_tail(tail), m_size(size)
+    {
+        open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    }
+    qint64 size() const override { return m_size; }
+    qint64 bytesRead = 0;
+
+protected:
+    qint64 readData(char* to, qint64 count) override
+    {
+        const qint64 tailStart = m_size - m_tail.size();
+        const QByteArray found = pos() < tailStart
+                                     ? m_head.mid(static_cast<int>(qMin<qint64>(pos(), m_head.size())))
+                                     : m_tail.mid(static_cast<int>(pos() - tailStart));
+        const qint64 got = qMin<qint64>(count, found.size());
+        std::copy_n(found.constData(), got, to);
+        bytesRead += got;
+        return got > 0 ? got : -1;
+    }
+    qint64 writeData(const char*, qint64) override { return -1; }
+
+private:
+    QByteArray m_head;
+    QByteArray m_tail;
+    qint64 m_size;
+};
+
+void loadBytes(WavReader& reader, const QByteArray& bytes, bool headerOnly = false)
+{
+    QBuffer buffer;
+    buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly);
+    reader.load(buffer, headerOnly);
+}
+
+/// A file whose four samples load as {2, 3, 4, 0}; more chunks can follow.
+WavBytes mono()
+{
+    return WavBytes().fmt(384000).data({1, 2, 3, 4});
+}
+
+WavBytes::Bext bext()
+{
+    WavBytes::Bext fields;
+    fields.description = "Pip|Pip|1|";
+    fields.originator = "a recorder";
+    fields.originatorReference = "reference";
+    fields.originationDate = "2024-05-01";
+    fields.originationTime = "22:10:30";
+    fields.codingHistory = "A=PCM";
+    return fields;
+}
+
+WavBytes::Time time()
+{
+    WavBytes::Time fields;
+    fields.char1 = "one\xE9";
+    fields.number1 = -5;
+    fields.recDate = "03/14/24";
+    fields.date = "18:10:00";
+    fields.char2 = "two";
+    fields.number2 = 7;
+    fields.secDate = "03/15/24";
+    fields.secTime = "18:11:39";
+    fields.char3 = "the tail";
+    return fields;
+}
+
+} // namespace
+
+class tst_WavReader : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void message_data();
+    void message();
+    void anyCutEndsInAMessage();
+    void sampleWidth_data();
+    void sampleWidth();
+    void longDataOfEveryWidth_data();
+    void longDataOfEveryWidth();
+    void formatFields();
+    void bextTexts();
+    void timeChunk();
+    void wamdSkipsItsHead();
+    void splIsTrimmed();
+    void brokenChunkKeepsWhatWasRead();
+    void usedReaderForgets();
+    void headerOnlyReadsNoSamples();
+    void headerOnlyToleratesWhatItNeedNotConvert();
+    void shrinkingFileIsAReadError();
+    void tooManyChunksEndTheWalk();
+    void pathThatIsNoFile_data();
+    void pathThatIsNoFile();
+};
+
+using Samples = std::vector<int>;
+Q_DECLARE_METATYPE(Samples)
+
+void tst_WavReader::message_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("errorText");
+    QTest::addColumn<bool>("loads"); // the four samples of mono() are there
+    QTest::addColumn<bool>("valid");
+
+    const auto good = [](const char* name, const QByteArray& bytes, const QString& warning = QString()) {
+        QTest::newRow(name) << bytes << warning << true << true;
+    };
+    const auto kept = [](const char* name, const QByteArray& bytes, const char* text) {
+        QTest::newRow(name) << bytes << QString::fromLatin1(text) << true << false;
+    };
+    const auto bad = [](const char* name, const QByteArray& bytes, const char* text) {
+        QTest::newRow(name) << bytes << QString::fromLatin1(text) << false << false;
+    };
+    WavBytes::Format compressed, extended;
+    compressed.compressionCode = 3;
+    extended.extension = QByteArray(2, '\0');
+    const QByteArray fmt = WavBytes::fmtPayload({});
+    const QByteArray bextPayload = WavBytes::bextPayload(bext());
+    const QByteArray timePayload = WavBytes::timePayload(time());
+    const QByteArray wamdPayload = WavBytes::wamdPayload("2024-05-01", "22:10:30");
+    const QString wrongSize = QStringLiteral("File size in header not identical to real file size.");
+
+    good("plain", mono().bytes());
+    good("wrong RIFF size", mono().riffSize(1).bytes(), wrongSize);
+    good("RIFF size near 4 GB", mono().riffSize(0xFFFFFFFF).bytes(), wrongSize);
+    good(
+        "chunks on both sides",
+        WavBytes().chunk("LIST", "odd").bext(bext()).fmt(1).data({1, 2, 3, 4}).chunk("guan", "more").bytes());
+    good("stray byte at the end", mono().raw("x").bytes());
+    good("three stray bytes, wrong size", mono().raw("dat").riffSize(1).bytes());
+    good("unknown chunk past the end", mono().chunkClaiming("junk", 0xFFFFFFFF, "abc").bytes());
+    good("SPL chunk past the end", mono().chunkClaiming("SPL ", 0xFFFFFFFF, "abc").bytes());
+    good("bext chunk of 338 bytes", mono().chunk("bext", bextPayload.left(338)).bytes());
+
+    bad("empty", "", "File is not a RIFF-WAV.");
+    bad("nonsense", "This is not a recording", "File is not a RIFF-WAV.");
+    bad("big-endian kind", mono().tags("RIFX", "WAVE").bytes(), "File is not a RIFF-WAV.");
+    bad("RIFF alone", "RIFF", "File is not a WAVE file.");
+    bad("half a RIFF size", "RIFF\1\2", "File is not a WAVE file.");
+    bad("other form", mono().tags("RIFF", "AVI ").bytes(), "File is not a WAVE file.");
+    bad("no chunks", WavBytes().bytes(), "");
+    bad("id without size", WavBytes().raw("fmt ").bytes(), "Error while reading a chunk header size.");
+    bad("second fmt first", WavBytes().fmt(1).fmt(1).data({1}).bytes(), "More then one FMT chunks.");
+    bad("fmt of 18 bytes", WavBytes().fmt(extended).data({1}).bytes(), "FMT format not supported.");
+    bad("fmt of 15 bytes", WavBytes().chunk("fmt ", fmt.left(15)).data({1}).bytes(),
+        "WAV file read error in FMT chunk.");
+    bad("fmt cut", WavBytes().fmt(1).bytes().chopped(3), "WAV file read error in FMT chunk.");
+    bad("float", WavBytes().fmt(compressed).data({1}).bytes(), "Compression format not supported.");
+    bad("stereo", WavBytes().fmt(1, 16, 2).data({1, 2}).bytes(), "Not more than 1 channel supported.");
+    bad("no channel", WavBytes().fmt(1, 16, 0).data({1, 2}).bytes(), "Not more than 1 channel supported.");
+    bad("12 bits", WavBytes().fmt(1, 12).data({1, 2}).bytes(), "Data format not supported.");
+    bad("0 bits", WavBytes().fmt(1, 0).data({1, 2}).bytes(), "Data format not supported.");
+    bad("64 bits", WavBytes().fmt(1, 64).data({1, 2, 3, 4}).bytes(), "Data format not supported.");
+    bad("data before fmt", WavBytes().data({1, 2}).fmt(1).bytes(), "Data format not supported.");
+    bad("data cut", mono().bytes().chopped(1), "WAV file read error in DATA chunk.");
+    bad("data claims 4 GB", WavBytes().fmt(1).chunkClaiming("data", 0xFFFFFFFF, "abcd").bytes(),
+        "WAV file read error in DATA chunk.");
+    bad("cut data before fmt", WavBytes().chunkClaiming("data", 100, "abcd").bytes(),
+        "WAV file read error in DATA chunk.");
+    bad("zero-filled", WavBytes().raw(QByteArray(64, '\0')).bytes(), "");
+    bad("padded odd chunk", WavBytes().chunk("LIST", "odd").raw(QByteArray(1, '\0')).fmt(1).data({1}).bytes(),
+        "");
+
+    kept("second fmt", mono().fmt(1).bytes(), "More then one FMT chunks.");
+    kept("second data", mono().data({9}).bytes(), "Not more than one DATA chunk supported.");
+    kept("half a size", mono().raw("junk\1\2\3").bytes(), "Error while reading a chunk header size.");
+    kept("stop replaces warning", mono().data({9}).riffSize(1).bytes(),
+         "Not more than one DATA chunk supported.");
+    kept("second bext", mono().bext({}).bext({}).bytes(), "Not more than one BEXT chunk supported.");
+    kept("bext of 337 bytes", mono().chunk("bext", bextPayload.left(337)).chunk("junk", "more").bytes(),
+         "WAV file read error in BEXT chunk.");
+    kept("bext cut", mono().bext(bext()).bytes().chopped(1), "WAV file read error in BEXT chunk.");
+    kept("bext claims 4 GB", mono().chunkClaiming("bext", 0xFFFFFFFF, bextPayload).bytes(),
+         "WAV file read error in BEXT chunk.");
+    kept("second TIME", mono().time({}).time({}).bytes(), "Not more than one TIME chunk supported.");
+    kept("TIME of 55 bytes", mono().chunk("TIME", timePayload.left(55)).chunk("junk", "more").bytes(),
+         "WAV file read error in TIME chunk.");
+    kept("TIME cut", mono().time(time()).bytes().chopped(1), "WAV file read error in TIME chunk.");
+    kept("second wamd", mono().wamd("", "").wamd("", "").bytes(), "Not more than one WAMD chunk supported.");
+    kept("wamd of 85 bytes", mono().chunk("wamd", wamdPayload.left(85)).chunk("junk", "more").bytes(),
+         "WAV file read error in WAMD chunk.");
+    kept("wamd of 10 bytes", mono().chunk("wamd", "0123456789").chunk("junk", QByteArray(99, 'x')).bytes(),
+         "WAV file read error in WAMD chunk.");
+    kept("wamd cut behind the time", mono().wamd("", "", "tail").bytes().chopped(1),
+         "WAV file read error in WAMD chunk.");
+    kept("second SPL", mono().spl("1").spl("2").bytes(), "Not more than one SPL chunk supported.");
+}
+
+void tst_WavReader::message()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, errorText);
+    QFETCH(bool, loads);
+    QFETCH(bool, valid);
+    WavReader reader;
+    loadBytes(reader, bytes);
+    QCOMPARE(reader.errorText, errorText);
+    QCOMPARE(reader.samples, loads ? Samples({2, 3, 4, 0}) : Samples());
+    QCOMPARE(reader.valid, valid);
+
+    WavReader header;
+    loadBytes(header, bytes, true);
+    QVERIFY(header.samples.empty() && !header.valid);
+    if (errorText != QStringLiteral("Data format not supported."))
+        QCOMPARE(header.errorText, errorText);
+}
+
+void tst_WavReader::anyCutEndsInAMessage()
+{
+    const QByteArray whole = mono().time(time()).bext(bext()).wamd("2024-05-01", "22:10:30").bytes();
+    WavReader reader;
+    for (int size = 0; size < whole.size(); ++size) {
+        loadBytes(reader, whole.left(size));
+        const bool dataIsThere = size >= mono().bytes().size();
+        QCOMPARE(reader.samples.size(), std::size_t(dataIsThere ? 4 : 0));
+        const bool betweenChunks =
+            reader.errorText.isEmpty() || reader.errorText.startsWith(QStringLiteral("File size in header"));
+        QVERIFY2(reader.valid == (dataIsThere && betweenChunks), qPrintable(QString::number(size)));
+    }
+}
+
+void tst_WavReader::sampleWidth_data()
+{
+    QTest::addColumn<int>("bits");
+    QTest::addColumn<QByteArray>("stored");
+    QTest::addColumn<Samples>("samples");
+    const auto row = [](const char* name, int bits, const char* hex, const Samples& samples) {
+        QTest::newRow(name) << bits << QByteArray::fromHex(hex) << samples;
+    };
+    row("8 bits are signed", 8, "55 ff 80 7f", {-1, -128, 127, 0});
+    row("16 bits", 16, "5555 ffff 0080 ff7f 0201", {-1, -32768, 32767, 0x0102, 0});
+    row("24 bits", 24, "555555 ffffff 000080 ffff7f 030201", {-1, -8388608, 8388607, 0x010203, 0});
+    row("32 bits", 32, "55555555 ffffffff 00000080 04030201", {-1, -2147483647 - 1, 0x01020304, 0});
+    row("one frame", 16, "5555", {0});
+    row("none", 16, "", {});
+    row("less than a frame", 24, "5555", {});
+    row("two frames and a byte", 16, "5555 0201 77", {0x0102, 0});
+}
+
+void tst_WavReader::sampleWidth()
+{
+    QFETCH(int, bits);
+    QFETCH(QByteArray, stored);
+    QFETCH(Samples, samples);
+    WavReader reader;
+    loadBytes(reader,
+              WavBytes().fmt(384000, static_cast<quint16>(bits)).dataBytes(stored).chunk("junk", "").bytes());
+    QCOMPARE(reader.samples, samples);
+    QCOMPARE(reader.frameCount(), static_cast<quint32>(samples.size()));
+    QCOMPARE(reader.errorText, QString());
+    QVERIFY(reader.valid);
+}
+
+void tst_WavReader::longDataOfEveryWidth_data()
+{
+    QTest::addColumn<int>("width");
+    for (int width = 1; width <= 4; ++width)
+        QTest::addRow("%d bytes", width) << width;
+}
+
+void tst_WavReader::longDataOfEveryWidth()
+{
+    QFETCH(int, width);
+    QByteArray stored;
+    quint32 noise = 1;
+    while (stored.size() < 300001) { // several reads, none of them even
+        noise = noise * 1664525u + 1013904223u;
+        stored.append(static_cast<char>(noise >> 24));
+    }
+    WavReader reader;
+    loadBytes(reader, WavBytes().fmt(1, static_cast<quint16>(8 * width)).dataBytes(stored).bytes());
+    const int frames = stored.size() / width;
+    QCOMPARE(reader.samples.size(), static_cast<std::size_t>(frames));
+    for (int i = 0; i + 1 < frames; ++i) {
+        qint64 expected = static_cast<signed char>(stored.at((i + 2) * width - 1));
+        for (int byte = width - 2; byte >= 0; --byte)
+            expected = expected * 256 + static_cast<uchar>(stored.at((i + 1) * width + byte));
+        if (reader.samples[static_cast<std::size_t>(i)] != expected)
+            QFAIL(qPrintable(QStringLiteral("sample %1").arg(i)));
+    }
+    QCOMPARE(reader.samples.back(), 0);
+}
+
+void tst_WavReader::formatFields()
+{
+    WavBytes::Format format;
+    format.sampleRate = 384000;
+    format.bitsPerSample = 24;
+    format.bytesPerSecond = 12; // neither of these is checked
+    format.blockAlign = 34;
+    WavReader reader;
+    loadBytes(reader, WavBytes().fmt(format).dataBytes(QByteArray(9, '\0')).bytes());
+    QVERIFY(reader.riffFound && reader.fmtFound && reader.dataFound);
+    QCOMPARE(reader.riffSize, 45u);
+    QCOMPARE(reader.fmtSize, 16u);
+    QCOMPARE(reader.compressionCode, 1u);
+    QCOMPARE(reader.channels, 1u);
+    QCOMPARE(reader.sampleRate, 384000u);
+    QCOMPARE(reader.bytesPerSecond, 12u);
+    QCOMPARE(reader.blockAlign, 34u);
+    QCOMPARE(reader.bitsPerSample, 24u);
+    QCOMPARE(reader.bytesPerSample, 3u);
+    QCOMPARE(reader.dataSize, 9u);
+    QCOMPARE(reader.dataOffset, 0u);
+}
+
+void tst_WavReader::bextTexts()
+{
+    WavBytes::Bext fields = bext();
+    fields.description = QByteArray("N\0yc|\x01\x7F\x80\xFF|", 11) + QByteArray(200, '\0') + "end";
+    WavReader reader;
+    loadBytes(reader, mono().bext(fields).bytes());
+    QVERIFY(reader.bextFound);
+    QCOMPARE(reader.bextSize, 607u);
+    QCOMPARE(reader.bextDescription,
+             QStringLiteral("Nyc|\x01\x7F") + QChar(0xFF80) + QChar(0xFFFF) + QStringLiteral("|end"));
+    QCOMPARE(reader.bextOriginator, QStringLiteral("a recorder"));
+    QCOMPARE(reader.bextReference, QStringLiteral("reference"));
+    QCOMPARE(reader.bextDate, QStringLiteral("2024-05-01"));
+    QCOMPARE(reader.bextTime, QStringLiteral("22:10:30"));
+    QCOMPARE(reader.bextCodingHistory, QStringLiteral("A=PCM"));
+}
+
+void tst_WavReader::timeChunk()
+{
+    WavReader reader;
+    loadBytes(reader, mono().time(time()).bytes());
+    QVERIFY(reader.timeFound);
+    QCOMPARE(reader.timeSize, 64u);
+    QCOMPARE(reader.timeChar1, QStringLiteral("one") + QChar(0xE9));
+    QCOMPARE(reader.timeNumber1, -5);
+    QCOMPARE(reader.timeRecDate, QStringLiteral("14/03/24"));
+    QCOMPARE(reader.timeDate, QStringLiteral("18:10:00"));
+    QCOMPARE(reader.timeChar2, QStringLiteral("two"));
+    QCOMPARE(reader.timeNumber2, 7);
+    QCOMPARE(reader.timeSecDate, QStringLiteral("03/15/24"));
+    QCOMPARE(reader.timeSecTime, QStringLiteral("18:11:39"));
+    QCOMPARE(reader.timeChar3, QStringLiteral("the tail"));
+}
+
+void tst_WavReader::wamdSkipsItsHead()
+{
+    WavReader reader;
+    loadBytes(reader, mono().wamd("2024-05-01", "22:1\xFC:30", "tail").spl("94").bytes());
+    QVERIFY(reader.wamdFound);
+    QCOMPARE(reader.wamdSize, 90u);
+    QCOMPARE(reader.wamdDate, QStringLiteral("2024-05-01"));
+    QCOMPARE(reader.wamdTime, QStringLiteral("22:1") + QChar(0xFC) + QStringLiteral(":30"));
+    QVERIFY(reader.splFound); // so the tail was left whole
+}
+
+void tst_WavReader::splIsTrimmed()
+{
+    WavReader reader;
+    loadBytes(reader, mono()
+                          .spl(QByteArray(" 9\0"
+                                          "4.5  x",
+                                          9) +
+                               "beyond")
+                          .bytes());
+    QVERIFY(reader.splFound);
+    QCOMPARE(reader.splSize, 15u);
+    QCOMPARE(reader.splValue, QStringLiteral("94.5"));
+}
+
+void tst_WavReader::brokenChunkKeepsWhatWasRead()
+{
+    WavReader reader;
+    loadBytes(reader, mono().chunk("bext", WavBytes::bextPayload(bext()).left(260)).bytes());
+    QCOMPARE(reader.bextDescription, QStringLiteral("Pip|Pip|1|"));
+    QCOMPARE(reader.bextOriginator, QString());
+    QVERIFY(!reader.bextFound);
+    loadBytes(reader, mono().time(time()).bytes().chopped(20));
+    QCOMPARE(reader.timeRecDate, QStringLiteral("14/03/24"));
+    QCOMPARE(reader.timeDate, QStringLiteral("18:10:00"));
+    QVERIFY(!reader.timeFound);
+}
+
+void tst_WavReader::usedReaderForgets()
+{
+    WavReader reader;
+    loadBytes(reader, mono().time(time()).bext(bext()).wamd("a", "b").spl("94").data({1}).bytes());
+    QVERIFY(!reader.errorText.isEmpty());
+    loadBytes(reader, mono().bytes());
+    QVERIFY(reader.valid && reader.errorText.isEmpty());
+    QVERIFY(!reader.timeFound && !reader.bextFound && !reader.wamdFound && !reader.splFound);
+    QVERIFY(reader.timeRecDate.isEmpty() && reader.bextDescription.isEmpty() && reader.wamdDate.isEmpty());
+    loadBytes(reader, "RIFF");
+    QCOMPARE(reader.fmtSize, 1000u);
+    QCOMPARE(reader.sampleRate, 0u);
+    QVERIFY(reader.samples.empty() && !reader.dataFound);
+}
+
+void tst_WavReader::headerOnlyReadsNoSamples()
+{
+    // 4 GB of data, with the class record behind them: beyond what 32-bit offsets reach.
+    const quint32 dataSize = 0xFFFFFFF0;
+    const QByteArray head =
+        WavBytes().fmt(500000).chunkClaiming("data", dataSize, QByteArray(8192, 's')).bytes();
+    const QByteArray tail = WavBytes().bext(bext()).bytes().mid(12);
+    HollowFile file(head, 44 + qint64(dataSize) + tail.size(), tail);
+    WavReader reader;
+    reader.load(file, true);
+    QCOMPARE(reader.errorText, QStringLiteral("File size in header not identical to real file size."));
+    QCOMPARE(reader.bextDescription, QStringLiteral("Pip|Pip|1|"));
+    QCOMPARE(reader.frameCount(), dataSize / 2);
+    QVERIFY(reader.samples.empty() && !reader.valid);
+    QVERIFY(file.bytesRead <= 2 * 4096);
+}
+
+void tst_WavReader::headerOnlyToleratesWhatItNeedNotConvert()
+{
+    WavReader reader;
+    loadBytes(reader, WavBytes().data({1, 2}).fmt(250000, 12).bext(bext()).bytes(), true);
+    QCOMPARE(reader.errorText, QString());
+    QCOMPARE(reader.bextDescription, QStringLiteral("Pip|Pip|1|"));
+    QCOMPARE(reader.sampleRate, 250000u);
+    QCOMPARE(reader.dataSize, 4u);
+}
+
+void tst_WavReader::shrinkingFileIsAReadError()
+{
+    const QByteArray head = WavBytes().fmt(1).chunkClaiming("data", 400000, QByteArray(200000, 's')).bytes();
+    HollowFile file(head, 44 + 400000, "");
+    WavReader reader;
+    reader.load(file, false);
+    QCOMPARE(reader.errorText, QStringLiteral("WAV file read error in DATA chunk."));
+    QVERIFY(reader.samples.empty() && !reader.valid);
+}
+
+void tst_WavReader::tooManyChunksEndTheWalk()
+{
+    WavReader reader;
+    const QByteArray zeros(8 * (RiffChunks::maxChunks - 2), '\0');
+    loadBytes(reader, mono().raw(zeros).bytes());
+    QVERIFY(reader.valid);
+    loadBytes(reader, mono().raw(zeros).spl("94").bytes());
+    QVERIFY(reader.valid && !reader.splFound);
+    QCOMPARE(reader.samples.size(), std::size_t(4));
+}
+
+void tst_WavReader::pathThatIsNoFile_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("missing") << QStringLiteral("missing.wav");
+    QTest::newRow("folder") << QStringLiteral("folder.wav");
+    QTest::newRow("pipe") << QStringLiteral("pipe.wav");
+}
+
+void tst_WavReader::pathThatIsNoFile()
+{
+    QFETCH(QString, name);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(name);
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("folder.wav")));
+#ifdef Q_OS_UNIX
+    QCOMPARE(mkfifo(QFile::encodeName(folder.filePath(QStringLiteral("pipe.wav"))).constData(), 0600), 0);
+#endif
+    WavReader reader;
+    loadBytes(reader, mono().bytes());
+    reader.load(path, false);
+    QCOMPARE(reader.errorText, QStringLiteral("Cannot open file '") + path + QStringLiteral("'"));
+    QVERIFY(reader.samples.empty() && !reader.valid && !reader.riffFound);
+}
+
+QTEST_GUILESS_MAIN(tst_WavReader)
+#include "tst_WavReader.moc"
