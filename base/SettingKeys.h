@@ -75,6 +75,8 @@ inline constexpr SettingKey<int> frameSize{"frameSize", 0};
 inline constexpr SettingKey<int> overlap{"overlap", 5};
 inline constexpr SettingKey<int> windowSize{"windowSize", 1};
 inline constexpr SettingKey<bool> autoReduceOverlap{"autoReduceOverlap", true};
+/// The same key as the dialog writes it: a Qt::CheckState.
+inline constexpr SettingKey<int> autoReduceOverlapState{"autoReduceOverlap", 2};
 
 } // namespace SettingKeys
 
