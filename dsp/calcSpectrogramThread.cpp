@@ -24,7 +24,7 @@ void logParameters(const SpectrogramInput& input, float frameSize, int sampleRat
 QString tooLargeText(const SpectrogramGeometry& geometry)
 {
     return QStringLiteral(
-               "The spectrogram would have %L1 x %L2 values, more than fit into memory.\nPlease choose a "
+               "The spectrogram would have %1 x %2 values, more than fit into memory.\nPlease choose a "
                "smaller overlap, or let the overlap be reduced automatically.")
         .arg(geometry.frames)
         .arg(geometry.bins);
