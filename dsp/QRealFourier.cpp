@@ -57,6 +57,7 @@ int QRealFourier::setSize(int size)
     const auto fixed = m_fixedCalculators.find(exponentOf(size));
     if (fixed != m_fixedCalculators.end()) {
         m_calculator = fixed->second.get();
+        m_calculator->setSize(size);
         return 1;
     }
     m_variableCalculator.setSize(size);
