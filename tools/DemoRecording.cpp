@@ -50,7 +50,8 @@ QByteArray DemoRecording::bytes() const
 
 std::int64_t DemoRecording::size() const
 {
-    return fileOf({}).size() + 2 * static_cast<std::int64_t>(std::lround(length * sampleRate));
+    const std::vector<std::int16_t> oneSample(1);
+    return fileOf(oneSample).size() + 2 * (static_cast<std::int64_t>(std::lround(length * sampleRate)) - 1);
 }
 
 QByteArray DemoRecording::fileOf(const std::vector<std::int16_t>& samples) const
