@@ -332,7 +332,8 @@ void tst_WavReader::bextTexts()
     WavBytes::Bext fields = bext();
     fields.description = QByteArray("N\0yc|\x01\x7F\x80\xFF|", 11) + QByteArray(200, '\0') + "end";
     WavReader reader;
-    loadBytes(reader, mono().bext(fields).bytes());
+    const QByteArray payload = WavBytes::bextPayload(fields).replace(338, 264, QByteArray(264, 'r'));
+    loadBytes(reader, mono().chunk("bext", payload).bytes());
     QVERIFY(reader.bextFound);
     QCOMPARE(reader.bextSize, 607u);
     QCOMPARE(reader.bextDescription,
