@@ -295,9 +295,11 @@ void tst_WavReader::longDataOfEveryWidth()
     const int frames = stored.size() / width;
     QCOMPARE(reader.samples.size(), static_cast<std::size_t>(frames));
     for (int i = 0; i + 1 < frames; ++i) {
-        qint64 expected = static_cast<signed char>(stored.at((i + 2) * width - 1));
-        for (int byte = width - 2; byte >= 0; --byte)
-            expected = expected * 256 + static_cast<uchar>(stored.at((i + 1) * width + byte));
+        quint32 word = 0;
+        for (int byte = (i + 2) * width - 1; byte >= (i + 1) * width; --byte)
+            word = word << 8 | static_cast<uchar>(stored.at(byte));
+        const int shift = 32 - 8 * width;
+        const int expected = static_cast<int>(word << shift) >> shift;
         if (reader.samples[static_cast<std::size_t>(i)] != expected)
             QFAIL(qPrintable(QStringLiteral("sample %1").arg(i)));
     }
@@ -429,7 +431,7 @@ void tst_WavReader::headerOnlyReadsNoSamples()
     QCOMPARE(reader.bextDescription, QStringLiteral("Pip|Pip|1|"));
     QCOMPARE(reader.frameCount(), dataSize / 2);
     QVERIFY(reader.samples.empty() && !reader.valid);
-    QVERIFY(file.bytesRead <= 2 * 4096);
+    QVERIFY(file.bytesRead <= qint64(8192));
 }
 
 void tst_WavReader::headerOnlyToleratesWhatItNeedNotConvert()
