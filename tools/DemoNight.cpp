@@ -62,30 +62,30 @@ constexpr Soundscape::Surroundings clearing = {2.4, 0.14, 0.034, 0.016};
 void noctuleHigh(Soundscape& s)
 {
     s.setSurroundings(openSky);
-    s.addPass(Voice::noctule(), past(1.3, 16, 11));
+    s.addPass(Voice::noctule(), past(1.3, 34, 11));
 }
 
 void noctulesTwo(Soundscape& s)
 {
     s.setSurroundings(openSky);
-    s.addPass(Voice::noctule(), past(1.0, 13, 10));
-    s.addPass(Voice::noctule(), past(2.9, 28, 9));
+    s.addPass(Voice::noctule(), past(1.0, 22, 10));
+    s.addPass(Voice::noctule(), past(2.9, 40, 9));
 }
 
 void leisler(Soundscape& s)
 {
     s.setSurroundings(openSky);
-    s.addPass(Voice::leislersBat(), past(0.9, 10, 9));
+    s.addPass(Voice::leislersBat(), past(0.9, 28, 9));
 }
 
 void pip45Near(Soundscape& s)
 {
-    s.addPass(Voice::pipistrelle(pip45), past(0.8, 3.5, 6));
+    s.addPass(Voice::pipistrelle(pip45), past(0.8, 4, 6));
 }
 
 void pip45Faint(Soundscape& s)
 {
-    s.addPass(Voice::pipistrelle(pip45), past(0.6, 14, 5));
+    s.addPass(Voice::pipistrelle(pip45), past(0.6, 12, 5));
 }
 
 void pip45Hunt(Soundscape& s)
@@ -102,7 +102,7 @@ void pip45And55(Soundscape& s)
 void pip55Near(Soundscape& s)
 {
     s.setSurroundings(clearing);
-    s.addPass(Voice::pipistrelle(pip55), past(0.8, 3, 5));
+    s.addPass(Voice::pipistrelle(pip55), past(0.8, 5, 5));
 }
 
 void pip55Hunt(Soundscape& s)
@@ -113,7 +113,7 @@ void pip55Hunt(Soundscape& s)
 
 void pip39Near(Soundscape& s)
 {
-    s.addPass(Voice::pipistrelle(pip39), past(1.0, 5, 7));
+    s.addPass(Voice::pipistrelle(pip39), past(1.0, 8, 7));
 }
 
 void pip39Faint(Soundscape& s)
@@ -123,8 +123,8 @@ void pip39Faint(Soundscape& s)
 
 void pipSocial(Soundscape& s)
 {
-    s.addPass(Voice::pipistrelle(pip45), past(0.9, 4, 4));
-    s.addPass(Voice::pipistrelleSocial(), past(0.9, 4, 4));
+    s.addPass(Voice::pipistrelle(pip45), past(0.9, 3, 4));
+    s.addPass(Voice::pipistrelleSocial(), past(0.9, 3, 4));
 }
 
 void noctuleSinging(Soundscape& s)
@@ -135,7 +135,7 @@ void noctuleSinging(Soundscape& s)
 
 void serotineNear(Soundscape& s)
 {
-    s.addPass(Voice::serotine(), past(0.9, 6, 7));
+    s.addPass(Voice::serotine(), past(0.9, 11, 7));
 }
 
 void serotineHunt(Soundscape& s)
@@ -152,7 +152,7 @@ void serotineAndPip(Soundscape& s)
 
 void northernBat(Soundscape& s)
 {
-    s.addPass(Voice::northernBat(), past(1.0, 8, 7));
+    s.addPass(Voice::northernBat(), past(1.0, 22, 7));
 }
 
 void myotisClearing(Soundscape& s)
@@ -193,16 +193,16 @@ void horseshoe110(Soundscape& s)
 void busyHedge(Soundscape& s)
 {
     s.addPass(Voice::pipistrelle(pip45), hunting(1.6, 3.5, 4, 1.5));
-    s.addPass(Voice::noctule(), past(3.0, 18, 10));
+    s.addPass(Voice::noctule(), past(3.0, 26, 10));
     s.addPass(Voice::pipistrelle(pip55), during(past(4.0, 4, 6), 2.6, 5.0));
     s.addCrickets(18.5e3, 1.6, -44.0);
 }
 
 void swarmingAtRoost(Soundscape& s)
 {
-    s.addPass(Voice::pipistrelle(pip45), past(0.5, 2.5, 4));
+    s.addPass(Voice::pipistrelle(pip45), past(0.5, 1.2, 4));
     s.addPass(Voice::pipistrelle(pip45 + 1.6e3), past(1.2, 3, 5));
-    s.addPass(Voice::pipistrelle(pip45 - 1.1e3), past(1.9, 3.5, 4));
+    s.addPass(Voice::pipistrelle(pip45 - 1.1e3), past(1.9, 1.6, 4));
     s.addPass(Voice::pipistrelleSocial(), during(past(1.2, 3, 4), 0.7, 1.7));
 }
 
@@ -232,7 +232,7 @@ void drizzle(Soundscape& s)
 void rainAndNoctule(Soundscape& s)
 {
     s.addRain(40);
-    s.addPass(Voice::noctule(), past(1.0, 14, 10));
+    s.addPass(Voice::noctule(), past(1.0, 26, 10));
 }
 
 void wind(Soundscape& s)
@@ -245,11 +245,11 @@ void silence(Soundscape&)
 
 /// The class names are those of the default class trees.
 constexpr Line lines[] = {
-    {"21:41:17", 2.5, 384, wav, "Nnoc|Nyc|0|", noctuleHigh},
+    {"21:41:17", 1.5, 384, wav, "", pip45Hunt},
     {"21:45:03", 3.5, 384, wav, "Nyc|old comment", noctulesTwo},
     {"21:48:26", 1.5, 250, wav, "", noctuleHigh},
     {"21:52:40", 2.0, 500, wav, "Pip|Pip|1|", pip45Near},
-    {"21:55:31", 1.5, 384, wav, "", pip45Hunt},
+    {"21:55:31", 2.5, 384, wav, "Nnoc|Nyc|0|", noctuleHigh},
     {"21:58:09", 5.0, 500, wav, "", busyHedge},
     {"22:01:44", 2.0, 384, wav, "Pip + Ppyg|Pip|0|two calls", pip45And55},
     {"22:06:12", 1.0, 250, wav, "|No Call|0|", silence},

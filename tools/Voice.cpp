@@ -12,7 +12,7 @@ Voice Voice::pipistrelle(double endHz)
     Voice voice;
     voice.calls = {call};
     voice.interval = 0.088 * slowness;
-    voice.amplitude = 3.8;
+    voice.amplitude = 1.1;
     return voice;
 }
 
@@ -30,7 +30,7 @@ Voice Voice::noctule()
     voice.calls = {high, deep};
     voice.interval = 0.21;
     voice.intervalSpread = 0.2;
-    voice.amplitude = 9;
+    voice.amplitude = 2.5;
     return voice;
 }
 
@@ -40,7 +40,7 @@ Voice Voice::leislersBat()
     voice.calls[0].sweeps = {{10e-3, 37e3, 26.6e3, 5.0}};
     voice.calls[1].sweeps = {{14e-3, 25.5e3, 22.9e3, 2.5}};
     voice.interval = 0.165;
-    voice.amplitude = 6.4;
+    voice.amplitude = 1.8;
     return voice;
 }
 
@@ -55,7 +55,7 @@ Voice Voice::serotine()
     Voice voice;
     voice.calls = {call};
     voice.interval = 0.145;
-    voice.amplitude = 5.6;
+    voice.amplitude = 1.6;
     return voice;
 }
 
@@ -70,7 +70,7 @@ Voice Voice::northernBat()
     Voice voice;
     voice.calls = {call};
     voice.interval = 0.19;
-    voice.amplitude = 5.6;
+    voice.amplitude = 1.6;
     return voice;
 }
 
@@ -86,7 +86,7 @@ Voice Voice::myotis()
     voice.interval = 0.082;
     voice.intervalSpread = 0.12;
     voice.frequencySpread = 0.02;
-    voice.amplitude = 3.4;
+    voice.amplitude = 0.95;
     return voice;
 }
 
@@ -103,7 +103,7 @@ Voice Voice::barbastelle()
     Voice voice;
     voice.calls = {strong, soft};
     voice.interval = 0.062;
-    voice.amplitude = 3.2;
+    voice.amplitude = 0.9;
     return voice;
 }
 
@@ -117,7 +117,7 @@ Voice Voice::longEaredBat()
     Voice voice;
     voice.calls = {call};
     voice.interval = 0.064;
-    voice.amplitude = 0.7;
+    voice.amplitude = 0.2;
     return voice;
 }
 
@@ -137,7 +137,7 @@ Voice Voice::horseshoe(double cfHz)
     voice.interval = cfHz > 100e3 ? 0.072 : 0.093;
     voice.intervalSpread = 0.15;
     voice.frequencySpread = 0.0005;
-    voice.amplitude = 2;
+    voice.amplitude = 0.56;
     return voice;
 }
 
@@ -152,7 +152,7 @@ Voice Voice::pipistrelleSocial()
     voice.roundPause = 0.28;
     voice.intervalSpread = 0.08;
     voice.frequencySpread = 0.03;
-    voice.amplitude = 2.4;
+    voice.amplitude = 0.67;
     for (int component = 0; component < 4; ++component) {
         call.sweeps = {{5.5e-3, 39e3 - 1.5e3 * component, 17.5e3, 1.8}};
         voice.calls.push_back(call);
@@ -174,6 +174,6 @@ Voice Voice::noctuleSong()
     voice.interval = 0.11;
     voice.intervalSpread = 0.25;
     voice.frequencySpread = 0.04;
-    voice.amplitude = 2.4;
+    voice.amplitude = 0.67;
     return voice;
 }
