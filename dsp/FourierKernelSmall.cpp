@@ -42,7 +42,7 @@ inline void butterfly(Number (&x)[16], const float* factors)
         butterfly(column);
         turned[n] = column[0];
         for (int i = 1; i < 4; ++i)
-            turned[4 * i + n] = column[i] * at(factors, 3 * n + i - 1);
+            turned[4 * i + n] = n > 0 ? column[i] * at(factors, 3 * n + i - 4) : column[i];
     }
     for (int i = 0; i < 4; ++i) {
         Number row[4] = {turned[4 * i], turned[4 * i + 1], turned[4 * i + 2], turned[4 * i + 3]};

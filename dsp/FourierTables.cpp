@@ -58,7 +58,7 @@ Values passFactors(int length)
     Values values;
     while (length > fourierRadix(length)) {
         const int radix = fourierRadix(length);
-        for (int n = 0; n < length / radix; ++n)
+        for (int n = 1; n < length / radix; ++n)
             for (int i = 1; i < radix; ++i)
                 appendPair(values, n * i, length);
         length /= radix;
