@@ -18,7 +18,7 @@ void tst_UnitRoot::quartersAreExact()
 {
     const double cosines[] = {1, 0, -1, 0, 1};
     const double sines[] = {0, 1, 0, -1, 0};
-    for (int quarter = 0; quarter <= 4; ++quarter) {
+    for (std::int64_t quarter = 0; quarter <= 4; ++quarter) {
         const UnitRoot root = unitRoot(quarter * 256, 1024);
         QCOMPARE(root.cosine, cosines[quarter]);
         QCOMPARE(root.sine, sines[quarter]);
