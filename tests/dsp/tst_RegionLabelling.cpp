@@ -112,8 +112,8 @@ void tst_RegionLabelling::equalsFloodFill()
         std::vector<int> painted(expected.size(), 0);
         for (const auto& region : labelling.regions(labels)) {
             for (const auto& run : region.runs)
-                std::fill_n(painted.begin() + run.frame * bins + run.firstBin, run.lastBin - run.firstBin + 1,
-                            region.label);
+                std::fill_n(&painted[std::size_t(run.frame) * bins + run.firstBin],
+                            run.lastBin - run.firstBin + 1, region.label);
             const Blob& blob = blobs[region.label - 1];
             QCOMPARE(region.blob.pixelCount, blob.pixelCount);
             QCOMPARE(region.blob.firstFrame, blob.firstFrame);
@@ -147,9 +147,9 @@ void tst_RegionLabelling::selectionKeepsTheBestInAnyOrder()
             regions.emplace_back(static_cast<float>(random() % 40), label); // with many equal scores
         for (const int capacity : {0, 1, 4, 100, 300, 500}) {
             std::sort(regions.rbegin(), regions.rend());
-            std::vector<int> best;
-            for (int i = 0; i < std::min(count, capacity); ++i)
-                best.push_back(regions[i].second);
+            std::vector<int> best(std::min(count, capacity));
+            std::transform(regions.begin(), regions.begin() + best.size(), best.begin(),
+                           [](const auto& region) { return region.second; });
             std::sort(best.begin(), best.end());
             for (int round = 0; round < 10; ++round) {
                 RegionSelection selection(static_cast<std::size_t>(capacity));

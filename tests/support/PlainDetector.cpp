@@ -263,7 +263,8 @@ void PlainDetector::detect(AmplitudeImage& image, float overlap, int sampleRate,
         const float scoreB = regions[b - 1].score;
         return scoreA != scoreB ? scoreA > scoreB : a > b;
     });
-    const int limit = static_cast<int>((double(float(sampleSize / sampleRate)) + 1.0) * 20.0);
+    const int seconds = sampleSize / sampleRate;
+    const int limit = static_cast<int>((double(float(seconds)) + 1.0) * 20.0);
     order.resize(std::min(order.size(), std::size_t(limit)));
     std::sort(order.begin(), order.end());
 
