@@ -69,6 +69,7 @@ private slots:
     void measuresByHand_data();
     void measuresByHand();
     void framesWithoutWeightDoNotCount();
+    void faintJumpsAreGapsToo();
     void walksOverSpectrumAreAsymmetric();
     void smallRegionsAreRemoved_data();
     void smallRegionsAreRemoved();
@@ -187,6 +188,18 @@ void tst_CallDetector::framesWithoutWeightDoNotCount()
     QVERIFY(!nothing.measured);
     QCOMPARE(nothing.startFreq, 0.0);
     QCOMPARE(nothing.switchCount, 0);
+}
+
+void tst_CallDetector::faintJumpsAreGapsToo()
+{
+    // Jumps of 2, 1 and 0, the second of them to a bin that weighs next to nothing.
+    const Runs runs{{1, 10, 10}, {2, 12, 12}, {3, 11, 11}, {3, 13, 13}, {3, 15, 15}, {4, 13, 13}};
+    AmplitudeImage image = weighted(6, 20, runs);
+    image.row(3)[13] = 1e-9F;
+    const CallFeatures features = measureFeatures(image, runs);
+    QCOMPARE(features.posHist, 2);
+    QCOMPARE(features.switchCount, 0);
+    QCOMPARE(features.zeroCount, 1);
 }
 
 void tst_CallDetector::walksOverSpectrumAreAsymmetric()
