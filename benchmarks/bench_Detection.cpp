@@ -54,7 +54,7 @@ void detection(benchmark::State& state)
     AmplitudeImage work(frames, bins);
     double plain = std::numeric_limits<double>::max();
     double fast = plain;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         const Run expected = run(PlainDetector::detect, original(), work);
         const Run actual = run(CallDetector::detect, original(), work);
         state.SetIterationTime(actual.seconds);
