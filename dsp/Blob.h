@@ -12,6 +12,7 @@ struct Blob
     int lastFrame = 0;
     int lowestBin = 0;
     int highestBin = 0;
+    float score = 0; ///< sum of the conditioned amplitudes: the strongest regions are kept
 };
 
 #endif

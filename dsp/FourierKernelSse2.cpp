@@ -1,0 +1,12 @@
+#include "dsp/FourierKernel.inl"
+#include "dsp/FourierKernelSets.h"
+#include "dsp/FourierVector4.h"
+
+#include <emmintrin.h>
+
+namespace {} // namespace
+
+FourierKernel fourierKernelSse2(int exponent)
+{
+    return kernelOf<Vector4, Vector4>(exponent);
+}

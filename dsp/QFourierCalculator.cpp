@@ -1,0 +1,3 @@
+#include "dsp/QFourierCalculator.h"
+
+QFourierCalculator::~QFourierCalculator() = default;
