@@ -4,6 +4,7 @@
 #include "dsp/WindowShapes.h"
 #include "viewer/core/FullScale.h"
 #include "viewer/core/ParallelRanges.h"
+#include "viewer/core/Prefetch.h"
 
 #include <algorithm>
 #include <cmath>
@@ -45,12 +46,8 @@ public:
     /// Adds the frame of as many samples as the window is long to `powers`.
     void add(const int* samples, float* powers)
     {
-        const float* window = m_window.data();
-        float* input = m_input.data();
-        const std::size_t length = m_window.size();
-        for (std::size_t i = 0; i < length; ++i)
-            input[i] = static_cast<float>(samples[i]) * window[i];
-        m_fourier.forward(input, m_output.data());
+        windowed(samples);
+        m_fourier.forward(m_input.data(), m_output.data());
 
         const float* real = m_output.data();
         const float* imaginary = real + half;
@@ -61,6 +58,22 @@ public:
     }
 
 private:
+    void windowed(const int* samples)
+    {
+        constexpr std::size_t group = 16; // a cache line
+        const float* window = m_window.data();
+        float* input = m_input.data();
+        const std::size_t length = m_window.size();
+        std::size_t i = 0;
+        for (; i + group <= length; i += group) {
+            prefetchAhead(samples + i);
+            for (std::size_t k = i; k < i + group; ++k)
+                input[k] = static_cast<float>(samples[k]) * window[k];
+        }
+        for (; i < length; ++i)
+            input[i] = static_cast<float>(samples[i]) * window[i];
+    }
+
     const std::vector<float>& m_window;
     QRealFourier m_fourier;
     std::vector<float> m_input;

@@ -1,6 +1,7 @@
 #include "viewer/core/MatrixMaxima.h"
 
 #include "viewer/core/ParallelRanges.h"
+#include "viewer/core/Prefetch.h"
 
 #include <algorithm>
 
@@ -11,10 +12,12 @@ double larger(double a, double b)
     return a > b ? a : b;
 }
 
-/// The largest of the values, at least the floor. Several running maxima, so that they are compared at once.
+// Running maxima side by side, so that they need not wait for each other; a cache line of values.
+constexpr int lanes = 8;
+
+/// The largest of the values, at least the floor.
 double largest(const double* values, int count)
 {
-    constexpr int lanes = 8;
     double lane[lanes];
     std::fill_n(lane, lanes, DecibelMatrix::floor);
     int i = 0;
@@ -26,11 +29,24 @@ double largest(const double* values, int count)
     return *std::max_element(lane, lane + lanes);
 }
 
-/// Raises the columns' maxima to the values of one row; returns the row's own maximum.
-void raise(double* maxima, const double* values, int count)
+/// The same, and raises the columns' maxima to the values.
+double largest(const double* values, int count, double* columns)
 {
-    for (int i = 0; i < count; ++i)
-        maxima[i] = larger(values[i], maxima[i]);
+    double lane[lanes];
+    std::fill_n(lane, lanes, DecibelMatrix::floor);
+    int i = 0;
+    for (; i + lanes <= count; i += lanes) {
+        prefetchAhead(values + i);
+        for (int k = 0; k < lanes; ++k) {
+            lane[k] = larger(values[i + k], lane[k]);
+            columns[i + k] = larger(values[i + k], columns[i + k]);
+        }
+    }
+    for (; i < count; ++i) {
+        lane[0] = larger(values[i], lane[0]);
+        columns[i] = larger(values[i], columns[i]);
+    }
+    return *std::max_element(lane, lane + lanes);
 }
 
 } // namespace
@@ -54,16 +70,15 @@ void MatrixMaxima::addBlocks(const DecibelMatrix& matrix, int firstBlock, int en
 {
     // A strip of columns keeps its maxima in the cache while the rows pass by, and is wide enough for the
     // memory to be read in long runs.
-    constexpr int blocksPerStrip = 8;
+    constexpr int blocksPerStrip = 32;
     for (int strip = firstBlock; strip < endBlock; strip += blocksPerStrip) {
         const int stripEnd = std::min(strip + blocksPerStrip, endBlock);
         for (int row = 0; row < matrix.rows; ++row) {
             for (int block = strip; block < stripEnd; ++block) {
                 const int column = block * columnsPerBlock;
                 const int count = std::min(columnsPerBlock, matrix.columns - column);
-                const double* values = matrix.row(row) + column;
-                raise(m_columns.data() + column, values, count);
-                m_rowBlocks[static_cast<std::size_t>(row) * m_blocks + block] = largest(values, count);
+                m_rowBlocks[static_cast<std::size_t>(row) * m_blocks + block] =
+                    largest(matrix.row(row) + column, count, m_columns.data() + column);
             }
         }
     }

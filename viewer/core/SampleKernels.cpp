@@ -1,5 +1,7 @@
 #include "viewer/core/SampleKernels.h"
 
+#include "viewer/core/Prefetch.h"
+
 #include <QtEndian>
 
 #include <algorithm>
@@ -71,6 +73,7 @@ std::size_t addGroups(const int* samples, std::size_t count, Lanes& result)
     }
     const std::size_t whole = count / lanes * lanes;
     for (std::size_t i = 0; i < whole; i += lanes) {
+        prefetchAhead(samples + i);
         const __m128i first = load(samples + i);
         const __m128i second = load(samples + i + 4);
         const __m128d values[4] = {lowHalf(first), highHalf(first), lowHalf(second), highHalf(second)};
@@ -111,6 +114,8 @@ std::size_t writeGroups(const int* samples, std::size_t step, std::size_t count,
     const std::size_t whole = count / lanes * lanes;
     for (std::size_t i = 0; i < whole; i += lanes) {
         const int* from = samples + i * step;
+        for (std::size_t k = 0; k < (step == 1 ? 1 : lanes); ++k)
+            prefetchAhead(from + k * step);
         const __m128i first = step == 1 ? load(from) : gather(from, step);
         const __m128i second = step == 1 ? load(from + 4) : gather(from + 4 * step, step);
         const __m128i packed = _mm_packs_epi32(truncated(first, factor), truncated(second, factor));
