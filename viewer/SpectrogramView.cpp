@@ -196,7 +196,8 @@ void SpectrogramView::showColourBar()
 
 void SpectrogramView::removeDetectionMarks()
 {
-    for (QwtPlotItem* item : itemList()) {
+    const QwtPlotItemList items = itemList(); // a copy, since detaching changes the list of the plot
+    for (QwtPlotItem* item : items) {
         const QString title = item->title().text();
         if (title == detectedTitle || title == categorizeTitle) {
             item->detach();
