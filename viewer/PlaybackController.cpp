@@ -86,7 +86,7 @@ void PlaybackController::play()
         return;
     if (m_stale)
         rebuild();
-    m_player->play();
+    player().play();
     showSilenceReason();
 }
 
@@ -157,7 +157,6 @@ void PlaybackController::scheduleRebuild()
 void PlaybackController::rebuild()
 {
     m_rebuildTimer.stop();
-    makePlayer();
     unload();
 
     const int rateIndex = m_settings.value(SettingKeys::playbackRate);
@@ -168,7 +167,7 @@ void PlaybackController::rebuild()
     m_buffer = std::make_unique<QBuffer>();
     m_buffer->setData(wav.bytes);
     m_buffer->open(QIODevice::ReadOnly);
-    m_player->setMedia(QMediaContent(), m_buffer.get());
+    player().setMedia(QMediaContent(), m_buffer.get());
     emit timeLabelChanged(m_clock.label(0));
 
     if (!m_waitingForSpectrogram && m_settings.value(SettingKeys::autoplay))
@@ -185,14 +184,20 @@ void PlaybackController::unload()
     m_buffer.reset();
 }
 
-void PlaybackController::makePlayer()
+QMediaPlayer& PlaybackController::player()
 {
-    if (m_player != nullptr)
-        return;
-    m_player = new QMediaPlayer(this);
-    m_player->setNotifyInterval(cursorIntervalMs);
-    m_player->setVolume(m_controls.volume());
-    m_player->setMuted(m_controls.isMuted());
+    if (m_player == nullptr) {
+        m_player = new QMediaPlayer(this);
+        m_player->setNotifyInterval(cursorIntervalMs);
+        m_player->setVolume(m_controls.volume());
+        m_player->setMuted(m_controls.isMuted());
+        connectPlayer();
+    }
+    return *m_player;
+}
+
+void PlaybackController::connectPlayer()
+{
     connect(m_player, &QMediaPlayer::stateChanged, this, &PlaybackController::setAudioPlayerState);
     connect(m_player, &QMediaPlayer::positionChanged, this, &PlaybackController::positionChanged);
     connect(m_player, &QMediaPlayer::mediaStatusChanged, this, &PlaybackController::mediaStatusChanged);

@@ -69,7 +69,8 @@ private:
     void scheduleRebuild();
     void rebuild();
     void unload();
-    void makePlayer();
+    QMediaPlayer& player(); ///< made at the first call
+    void connectPlayer();
     void mediaStatusChanged(QMediaPlayer::MediaStatus status);
     QString silenceReason() const;
     void showSilenceReason();

@@ -1,6 +1,5 @@
 #include "viewer/core/LevelCurve.h"
 #include "viewer/core/MatrixMaxima.h"
-#include "viewer/core/SampleRange.h"
 #include "viewer/core/TimeCurve.h"
 
 #include <QtTest>
@@ -118,8 +117,6 @@ class tst_AxisCurves : public QObject
     Q_OBJECT
 
 private slots:
-    void findsSamplesBetweenTimes_data();
-    void findsSamplesBetweenTimes();
     void envelopeOfBlocks_data();
     void envelopeOfBlocks();
     void envelopeTakesRootMeanSquare();
@@ -138,31 +135,6 @@ private slots:
     void powerOfLongRecordingsAddsUp();
     void powerOfNothing();
 };
-
-void tst_AxisCurves::findsSamplesBetweenTimes_data()
-{
-    QTest::addColumn<double>("start");
-    QTest::addColumn<double>("end");
-    QTest::addColumn<int>("rate");
-    QTest::addColumn<int>("first");
-    QTest::addColumn<int>("last");
-    QTest::newRow("all") << 0.0 << 0.1 << 1000 << 0 << 100;
-    QTest::newRow("inside") << 0.0125 << 0.0501 << 1000 << 12 << 50;
-    QTest::newRow("a hair below an index") << 0.0 << 49 / 49000.0 << 49000 << 0 << 49;
-    QTest::newRow("beyond") << -3.0 << 1e300 << 1000 << 0 << 100;
-    QTest::newRow("infinite") << 0.0 << std::numeric_limits<double>::infinity() << 1000 << 0 << 100;
-    QTest::newRow("no numbers") << qQNaN() << qQNaN() << 1000 << 0 << 0;
-}
-
-void tst_AxisCurves::findsSamplesBetweenTimes()
-{
-    QFETCH(double, start);
-    QFETCH(double, end);
-    QFETCH(int, rate);
-    const SampleRange range = SampleRange::between(start, end, rate, 100);
-    QTEST(static_cast<int>(range.first), "first");
-    QTEST(static_cast<int>(range.end), "last");
-}
 
 void tst_AxisCurves::envelopeOfBlocks_data()
 {
@@ -241,7 +213,7 @@ void tst_AxisCurves::envelopeEqualsPlainLoop()
     const int block = count / width;
     QCOMPARE(curve.maximum.size(), count / block);
     for (int i = 0; i < curve.maximum.size(); ++i) {
-        const auto begin = samples.begin() + i * block;
+        const auto begin = samples.begin() + std::ptrdiff_t(i) * block;
         const auto [low, high] = std::minmax_element(begin, begin + block);
         long double squares = 0;
         for (auto it = begin; it != begin + block; ++it)
@@ -364,7 +336,7 @@ void tst_AxisCurves::levelsOutsideTheMatrixAreEmpty()
 void tst_AxisCurves::powerOfTonesAndConstants()
 {
     constexpr int rate = 250000;
-    const std::vector<int> samples = tone(3 * 4096, 500, 0.5);
+    const std::vector<int> samples = tone(std::size_t(3) * 4096, 500, 0.5);
     const QVector<QPointF> curve =
         LevelCurve::powerDensity(samples, rate, 16, {0, samples.size()}, QStringLiteral("Rectangular"));
     QCOMPARE(curve.size(), 2049);
@@ -417,18 +389,18 @@ void tst_AxisCurves::powerEqualsPlainTransform()
 
 void tst_AxisCurves::powerDropsIncompleteFrame()
 {
-    std::vector<int> samples = tone(3 * 4096, 100, 0.1);
+    std::vector<int> samples = tone(std::size_t(3) * 4096, 100, 0.1);
     const auto hamming = QStringLiteral("Hamming");
     const QVector<QPointF> whole = LevelCurve::powerDensity(samples, 8000, 16, {0, 8192}, hamming);
     std::fill(samples.begin() + 8192, samples.end(), 32767);
     QCOMPARE(LevelCurve::powerDensity(samples, 8000, 16, {0, 8192 + 4095}, hamming), whole);
-    QVERIFY(LevelCurve::powerDensity(samples, 8000, 16, {0, 3 * 4096}, hamming) != whole);
+    QVERIFY(LevelCurve::powerDensity(samples, 8000, 16, {0, samples.size()}, hamming) != whole);
 }
 
 void tst_AxisCurves::powerOfLongRecordingsAddsUp()
 {
     // 800 frames, on several cores: the mean over equal frames is that of one.
-    const std::vector<int> samples = tone(800 * 4096, 300, 0.25);
+    const std::vector<int> samples = tone(std::size_t(800) * 4096, 300, 0.25);
     const auto hann = QStringLiteral("Hann");
     const QVector<QPointF> one = LevelCurve::powerDensity(samples, 500000, 16, {0, 4096}, hann);
     const QVector<QPointF> all = LevelCurve::powerDensity(samples, 500000, 16, {0, samples.size()}, hann);

@@ -66,7 +66,7 @@ std::size_t addGroups(const int* samples, std::size_t count, Lanes& result)
     __m128d high[4];
     __m128d low[4];
     __m128d squares[4];
-    for (int k = 0; k < 4; ++k) {
+    for (std::size_t k = 0; k < 4; ++k) {
         high[k] = _mm_loadu_pd(result.high + 2 * k);
         low[k] = _mm_loadu_pd(result.low + 2 * k);
         squares[k] = _mm_loadu_pd(result.squares + 2 * k);
@@ -77,13 +77,13 @@ std::size_t addGroups(const int* samples, std::size_t count, Lanes& result)
         const __m128i first = load(samples + i);
         const __m128i second = load(samples + i + 4);
         const __m128d values[4] = {lowHalf(first), highHalf(first), lowHalf(second), highHalf(second)};
-        for (int k = 0; k < 4; ++k) {
+        for (std::size_t k = 0; k < 4; ++k) {
             high[k] = _mm_max_pd(high[k], values[k]);
             low[k] = _mm_min_pd(low[k], values[k]);
             squares[k] = _mm_add_pd(squares[k], _mm_mul_pd(values[k], values[k]));
         }
     }
-    for (int k = 0; k < 4; ++k) {
+    for (std::size_t k = 0; k < 4; ++k) {
         _mm_storeu_pd(result.high + 2 * k, high[k]);
         _mm_storeu_pd(result.low + 2 * k, low[k]);
         _mm_storeu_pd(result.squares + 2 * k, squares[k]);
