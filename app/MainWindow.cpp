@@ -11,10 +11,22 @@
 #include "recordings/RecordingFile.h"
 #include "recordings/RecordingSession.h"
 #include "ui_MainWindow.h"
+#include "viewer/AudioOutputName.h"
+#include "viewer/AxisPlotsPresenter.h"
+#include "viewer/DetectionOverlay.h"
 #include "viewer/FileOpener.h"
+#include "viewer/FrequencyAxisView.h"
+#include "viewer/FrequencyMarkers.h"
+#include "viewer/MyQwtZoomer.h"
+#include "viewer/PlayCursor.h"
+#include "viewer/PlaybackController.h"
+#include "viewer/PlayerControls.h"
+#include "viewer/PlotAlignment.h"
 #include "viewer/RecordingLoader.h"
+#include "viewer/SelectionTool.h"
 #include "viewer/SpectrogramSettingsDialog.h"
 #include "viewer/SpectrogramView.h"
+#include "viewer/TimeAxisView.h"
 #include "viewer/ViewerPresenter.h"
 
 #include <QFontDatabase>
@@ -45,9 +57,12 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), m_ui(std::make_un
 {
     setUpFrame();
     setUpPlots();
+    setUpPointer();
+    setUpPlayback();
     setUpPresenters();
     setUpWorkers();
     connectLoading();
+    connectResult();
     connectSettings();
     restoreSettings();
 }
@@ -57,6 +72,7 @@ MainWindow::~MainWindow()
     m_geometry->save();
     m_prompts->shutDown();
     m_spectrogramWorker->requestStop();
+    delete m_playback; // it talks to settings, controls and samples until its end
     if (!m_workers->stop(stopMilliseconds))
         m_session.release(); // a computation still reads the samples; they go with the process
 }
@@ -101,11 +117,43 @@ void MainWindow::setUpPlots()
 {
     m_spectrogram = new SpectrogramView(m_ui->widget);
     m_ui->widget->layout()->addWidget(m_spectrogram);
+    m_timePlot = new TimeAxisView(m_ui->frame_3);
+    m_ui->frame_3->layout()->addWidget(m_timePlot);
+    m_frequencyPlot = new FrequencyAxisView(m_ui->frame);
+    m_ui->frame->layout()->addWidget(m_frequencyPlot);
+    new PlotAlignment(*m_spectrogram, *m_timePlot, *m_frequencyPlot, this);
+    m_detection = new DetectionOverlay(*m_spectrogram, this);
+    m_playCursor = new PlayCursor(*m_spectrogram, *m_timePlot, this);
     m_paintWatch = new PaintWatch(m_spectrogram->canvas());
     m_panes = new PlotPanes(*m_ui, *m_settings, this);
     m_panes->showListsOf(m_session->viewMode);
     m_fileActions->nothingLoaded();
     m_settingsDialog = new SpectrogramSettingsDialog(*m_settings, this);
+    m_settingsDialog->setOutputDeviceName(outputDeviceName);
+}
+
+void MainWindow::setUpPointer()
+{
+    m_markers = new FrequencyMarkers(*m_spectrogram, *m_settings, this);
+    m_markers->connectPickers(this);
+    m_selection = new SelectionTool(*m_spectrogram, m_timePlot->selectedRange(), *m_markers, this);
+    m_selection->setButtons(*m_ui->toolButton, *m_ui->toolButton_2);
+    m_selection->connectPickers(this);
+    connect(&m_selection->zoomer(), &QwtPlotZoomer::zoomed, this, &MainWindow::spectroZoomed);
+}
+
+void MainWindow::setUpPlayback()
+{
+    m_playerControls = new PlayerControls(this);
+    m_playerControls->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    m_ui->layoutTop->insertWidget(m_ui->layoutTop->indexOf(m_ui->label_fileInfo), m_playerControls);
+    m_playback = new PlaybackController(*m_playerControls, *m_settings, this);
+    connect(m_playback, &PlaybackController::playerPositionChanged, this, &MainWindow::positionChanged);
+    connect(m_playback, &PlaybackController::playerStateChanged, this, &MainWindow::setAudioPlayerState);
+    connect(m_playback, &PlaybackController::cursorMoved, m_playCursor, &PlayCursor::moveTo);
+    connect(m_playback, &PlaybackController::cursorVisible, m_playCursor, &PlayCursor::setVisible);
+    connect(m_playback, &PlaybackController::timeLabelChanged, m_ui->label_18, &QLabel::setText);
+    connect(m_playback, &PlaybackController::timeLabelChanged, m_ui->label_18, &QLabel::show);
 }
 
 void MainWindow::setUpPresenters()
@@ -113,6 +161,7 @@ void MainWindow::setUpPresenters()
     m_opener = new FileOpener(*this, *m_session, *m_settings, *m_prompts);
     m_loader = new RecordingLoader(*m_session, *m_file, *m_settings, *m_prompts, this);
     m_presenter = new ViewerPresenter(*m_spectrogram, *m_session, *m_settings, *m_prompts, this);
+    m_axisPlots = new AxisPlotsPresenter(*m_spectrogram, *m_timePlot, *m_frequencyPlot, *m_settings, this);
 }
 
 void MainWindow::setUpWorkers()
@@ -136,22 +185,50 @@ void MainWindow::connectLoading()
     connect(m_opener, &FileOpener::listInvalidated, this, [this] { m_fileActions->setListComplete(false); });
 
     connect(m_loader, &RecordingLoader::signalCalcSpektrogramm, this, &MainWindow::signalCalcSpektrogramm);
+    connect(m_loader, &RecordingLoader::clearing, m_playback, &PlaybackController::clearRecording);
+    connect(m_loader, &RecordingLoader::clearing, m_axisPlots, &AxisPlotsPresenter::clear);
+    connect(m_loader, &RecordingLoader::clearing, m_detection, &DetectionOverlay::clear);
     connect(m_loader, &RecordingLoader::clearing, m_presenter, &ViewerPresenter::clear);
     connect(m_loader, &RecordingLoader::clearing, this, [this] { m_fileActions->setRecordingShown(false); });
     connect(m_loader, &RecordingLoader::unreadable, m_presenter, &ViewerPresenter::showEmpty);
     connect(m_loader, &RecordingLoader::unreadable, this, [this] { m_fileActions->setOpeningEnabled(true); });
     connect(m_loader, &RecordingLoader::unreadable, this, &MainWindow::recordingUnreadable);
     connect(m_loader, &RecordingLoader::loaded, m_settingsDialog, &SpectrogramSettingsDialog::setSampleRate);
+    connect(m_loader, &RecordingLoader::loaded, this, [this](int sampleRate) {
+        m_axisPlots->setRecording(&m_session->timedata, sampleRate, m_session->bitsPerSample);
+        m_playback->setRecording(&m_session->timedata, sampleRate, m_session->bitsPerSample, 1,
+                                 m_axisPlots->displayPeak());
+    });
     connect(m_loader, &RecordingLoader::calculationSettingsChanged, m_settingsDialog,
             &SpectrogramSettingsDialog::refresh);
     connect(this, &MainWindow::signalCalcSpektrogramm, m_ui->progressBar, &QProgressBar::reset);
     connect(this, &MainWindow::signalCalcSpektrogramm, m_ui->progressBar, &QProgressBar::show);
+}
 
+void MainWindow::connectResult()
+{
     connect(m_presenter, &ViewerPresenter::computationEnded, m_ui->progressBar, &QProgressBar::hide);
     connect(m_presenter, &ViewerPresenter::resultArrived, this, [this] { m_geometry->restoreOnce(); });
     connect(m_presenter, &ViewerPresenter::resultShown, this,
             [this] { m_fileActions->setRecordingShown(true); });
+    connect(m_presenter, &ViewerPresenter::resultShown, m_selection, &SelectionTool::recordingShown);
+    connect(m_presenter, &ViewerPresenter::resultShown, m_axisPlots,
+            [this] { m_axisPlots->setResult(m_presenter->matrix(), m_presenter->columns()); });
+    connect(m_presenter, &ViewerPresenter::callsDetected, m_detection, &DetectionOverlay::showResult);
+    connect(m_presenter, &ViewerPresenter::detectionShown, m_detection, &DetectionOverlay::setVisible);
+    connect(m_presenter, &ViewerPresenter::gridShown, m_axisPlots, &AxisPlotsPresenter::setGridVisible);
+    connect(m_presenter, &ViewerPresenter::frequencyScaleChanged, m_markers, &FrequencyMarkers::limitToAxis);
+    connect(m_presenter, &ViewerPresenter::frequencyScaleChanged, m_selection,
+            &SelectionTool::frequencyLimitsChanged);
+    connect(m_presenter, &ViewerPresenter::frequencyScaleChanged, m_axisPlots,
+            &AxisPlotsPresenter::frequencyScaleChanged);
+    connect(m_presenter, &ViewerPresenter::amplitudeScaleChanged, m_axisPlots,
+            &AxisPlotsPresenter::amplitudeScaleChanged);
+    connect(m_selection, &SelectionTool::pointerMoved, m_axisPlots, &AxisPlotsPresenter::setCursor);
+    connect(m_playback, &PlaybackController::cursorMoved, m_axisPlots, &AxisPlotsPresenter::setCursorTime);
+    connect(m_axisPlots, &AxisPlotsPresenter::timeRangeShown, m_playback, &PlaybackController::setRange);
     connect(m_presenter, &ViewerPresenter::resultShown, m_paintWatch, &PaintWatch::arm);
+    connect(m_presenter, &ViewerPresenter::resultShown, m_playback, &PlaybackController::spectrogramShown);
     connect(m_paintWatch, &PaintWatch::painted, this, &MainWindow::spectrogramPainted);
     connect(m_presenter, &ViewerPresenter::scaleLimitsStored, m_settingsDialog,
             &SpectrogramSettingsDialog::refresh);
@@ -170,14 +247,19 @@ void MainWindow::connectSettings()
     connect(m_settingsDialog, &Dialog::scaleAmplitudeChanged, this, &MainWindow::slotAmplitudeScaleChanged);
     connect(m_settingsDialog, &Dialog::scaleFrequencyChanged, this, &MainWindow::slotFrequencyScaleChanged);
     connect(m_settingsDialog, &Dialog::apply, this, &MainWindow::slotApplySpectroSettings);
+    connect(m_settingsDialog, &Dialog::signalAudioControlsChanged, this, &MainWindow::audioControlsChanged);
+    connect(m_settingsDialog, &Dialog::timePlotChanged, this, &MainWindow::slotTimePlotChanged);
+    connect(m_settingsDialog, &Dialog::frequencyPlotChanged, this, &MainWindow::slotFrequencyPlotChanged);
 }
 
 void MainWindow::restoreSettings()
 {
     const bool grid = m_settings->value(SettingKeys::grid);
     m_ui->actionGrid->setChecked(grid);
-    m_spectrogram->setGridVisible(grid);
-    m_ui->actionCategorization->setChecked(m_settings->value(SettingKeys::categorization));
+    m_presenter->setGridVisible(grid);
+    const bool categorization = m_settings->value(SettingKeys::categorization);
+    m_ui->actionCategorization->setChecked(categorization);
+    m_detection->setVisible(categorization);
     m_ui->actionFrequency_Marker_1->setChecked(m_settings->value(SettingKeys::marker1));
     m_ui->actionFrequency_Marker_2->setChecked(m_settings->value(SettingKeys::marker2));
     m_panes->restore();

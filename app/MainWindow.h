@@ -5,6 +5,7 @@
 #include "dsp/MyBatCall.h"
 
 #include <QMainWindow>
+#include <QMediaPlayer>
 #include <QStringList>
 #include <QVector>
 
@@ -16,16 +17,25 @@ namespace Ui {
 class MainWindow;
 }
 
+class AxisPlotsPresenter;
+class DetectionOverlay;
 class FileActions;
 class FileOpener;
+class FrequencyAxisView;
+class FrequencyMarkers;
 class MessageBoxPrompts;
 class PaintWatch;
+class PlayCursor;
+class PlaybackController;
+class PlayerControls;
 class PlotPanes;
 class RecordingFile;
 class RecordingLoader;
+class SelectionTool;
 class SettingsStore;
 class SpectrogramSettingsDialog;
 class SpectrogramView;
+class TimeAxisView;
 class ViewerPresenter;
 class WindowGeometry;
 class WorkerThreads;
@@ -73,6 +83,32 @@ public slots:
     void slotApplySpectroSettings();
     void spectroPanned(int x, int y);
 
+    // Axis plots, markers, zoom and selection
+    void mouseMoved(const QPointF& point);
+    void deactivateZoomer(bool on);
+    void plotSelectionRect(const QPolygon& polygon);
+    void moveSelectorLeft(const QPoint& point);
+    void moveSelectorRight(const QPoint& point);
+    void moveSelectorTop(const QPoint& point);
+    void moveSelectorBottom(const QPoint& point);
+    void moveMarker1(const QPointF& point);
+    void moveMarker2(const QPointF& point);
+    void spectroZoomed(const QRectF& rect);
+    void slotTimePlotChanged();
+    void slotFrequencyPlotChanged();
+    void on_toolButton_pressed();
+    void on_toolButton_2_pressed();
+
+    // Playback
+    void audioControlsChanged();
+    void positionChanged(qint64 progress);
+    void setAudioPlayerState(QMediaPlayer::State state);
+
+    // Export of plots
+    void on_actionExport_Spectrogram_triggered();
+    void on_actionExport_Amplitude_Plot_triggered();
+    void on_actionExport_Frequency_Plot_triggered();
+
     // Files
     void on_actionOpen_File_triggered();
     void on_actionOpen_Folder_triggered();
@@ -85,7 +121,10 @@ public slots:
     // View
     void on_actionAmplitude_Plot_triggered(bool checked);
     void on_actionFrequency_Axis_Plot_triggered(bool checked);
+    void on_actionFrequency_Marker_1_triggered(bool checked);
+    void on_actionFrequency_Marker_2_triggered(bool checked);
     void on_actionGrid_triggered(bool checked);
+    void on_actionCategorization_triggered(bool checked);
     void on_splitter_3_splitterMoved(int pos, int index);
 
     // Help
@@ -99,9 +138,12 @@ protected:
 private:
     void setUpFrame();
     void setUpPlots();
+    void setUpPointer();
+    void setUpPlayback();
     void setUpPresenters();
     void setUpWorkers();
     void connectLoading();
+    void connectResult();
     void connectSettings();
     void restoreSettings();
 
@@ -116,12 +158,21 @@ private:
 
     // Owned by the window as its children.
     SpectrogramView* m_spectrogram = nullptr;
+    TimeAxisView* m_timePlot = nullptr;
+    FrequencyAxisView* m_frequencyPlot = nullptr;
+    FrequencyMarkers* m_markers = nullptr;
+    SelectionTool* m_selection = nullptr;
+    DetectionOverlay* m_detection = nullptr;
+    PlayCursor* m_playCursor = nullptr;
+    PlayerControls* m_playerControls = nullptr;
+    PlaybackController* m_playback = nullptr;
     PaintWatch* m_paintWatch = nullptr;
     SpectrogramSettingsDialog* m_settingsDialog = nullptr;
     PlotPanes* m_panes = nullptr;
     FileOpener* m_opener = nullptr;
     RecordingLoader* m_loader = nullptr;
     ViewerPresenter* m_presenter = nullptr;
+    AxisPlotsPresenter* m_axisPlots = nullptr;
 
     calcSpectrogramThread* m_spectrogramWorker = nullptr; // owned by m_workers
 };

@@ -6,10 +6,17 @@
 #include "base/SettingsStore.h"
 #include "recordings/RecordingSession.h"
 #include "ui_MainWindow.h"
+#include "viewer/AxisPlotsPresenter.h"
 #include "viewer/FileOpener.h"
+#include "viewer/FrequencyAxisView.h"
+#include "viewer/FrequencyMarkers.h"
+#include "viewer/PlaybackController.h"
+#include "viewer/PlotExporter.h"
 #include "viewer/RecordingLoader.h"
+#include "viewer/SelectionTool.h"
 #include "viewer/SpectrogramSettingsDialog.h"
 #include "viewer/SpectrogramView.h"
+#include "viewer/TimeAxisView.h"
 #include "viewer/ViewerPresenter.h"
 
 #include <QDragEnterEvent>
@@ -58,6 +65,112 @@ void MainWindow::slotApplySpectroSettings()
 void MainWindow::spectroPanned(int x, int y)
 {
     m_spectrogram->logPanned(x, y);
+}
+
+// Axis plots, markers, zoom and selection
+
+void MainWindow::mouseMoved(const QPointF& point)
+{
+    m_selection->mouseMoved(point);
+}
+
+void MainWindow::deactivateZoomer(bool on)
+{
+    m_selection->deactivateZoomer(on);
+}
+
+void MainWindow::plotSelectionRect(const QPolygon& polygon)
+{
+    m_selection->plotSelectionRect(polygon);
+}
+
+void MainWindow::moveSelectorLeft(const QPoint& point)
+{
+    m_selection->moveSelectorLeft(point);
+}
+
+void MainWindow::moveSelectorRight(const QPoint& point)
+{
+    m_selection->moveSelectorRight(point);
+}
+
+void MainWindow::moveSelectorTop(const QPoint& point)
+{
+    m_selection->moveSelectorTop(point);
+}
+
+void MainWindow::moveSelectorBottom(const QPoint& point)
+{
+    m_selection->moveSelectorBottom(point);
+}
+
+void MainWindow::moveMarker1(const QPointF& point)
+{
+    m_markers->moveMarker1(point);
+}
+
+void MainWindow::moveMarker2(const QPointF& point)
+{
+    m_markers->moveMarker2(point);
+}
+
+void MainWindow::spectroZoomed(const QRectF& rect)
+{
+    m_axisPlots->spectroZoomed(rect);
+}
+
+void MainWindow::slotTimePlotChanged()
+{
+    m_axisPlots->slotTimePlotChanged();
+}
+
+void MainWindow::slotFrequencyPlotChanged()
+{
+    m_axisPlots->slotFrequencyPlotChanged();
+}
+
+void MainWindow::on_toolButton_pressed()
+{
+    m_selection->setMode(SelectionTool::Mode::Zoom);
+}
+
+void MainWindow::on_toolButton_2_pressed()
+{
+    m_selection->setMode(SelectionTool::Mode::Selection);
+}
+
+// Playback
+
+void MainWindow::audioControlsChanged()
+{
+    m_playback->audioControlsChanged();
+}
+
+void MainWindow::positionChanged(qint64 progress)
+{
+    m_playback->positionChanged(progress);
+}
+
+void MainWindow::setAudioPlayerState(QMediaPlayer::State state)
+{
+    m_playback->setAudioPlayerState(state);
+}
+
+// Export of plots
+
+void MainWindow::on_actionExport_Spectrogram_triggered()
+{
+    PlotExporter::exportTo(*m_spectrogram, QStringLiteral("Spectrogram.pdf"));
+}
+
+void MainWindow::on_actionExport_Amplitude_Plot_triggered()
+{
+    PlotExporter::exportTo(*m_timePlot, QStringLiteral("TimeAxisPlot.pdf"));
+}
+
+void MainWindow::on_actionExport_Frequency_Plot_triggered()
+{
+    PlotExporter::exportTo(*m_frequencyPlot, QStringLiteral("FrequencyAxisPlot.pdf"));
 }
 
 // Files
@@ -115,6 +228,21 @@ void MainWindow::on_actionAmplitude_Plot_triggered(bool checked)
 void MainWindow::on_actionFrequency_Axis_Plot_triggered(bool checked)
 {
     m_panes->setFrequencyPlotShown(checked);
+}
+
+void MainWindow::on_actionFrequency_Marker_1_triggered(bool checked)
+{
+    m_markers->setMarker1Shown(checked);
+}
+
+void MainWindow::on_actionFrequency_Marker_2_triggered(bool checked)
+{
+    m_markers->setMarker2Shown(checked);
+}
+
+void MainWindow::on_actionCategorization_triggered(bool checked)
+{
+    m_presenter->setDetectionShown(checked);
 }
 
 void MainWindow::on_actionGrid_triggered(bool checked)

@@ -13,6 +13,7 @@ PlotPanes::PlotPanes(const Ui::MainWindow& form, SettingsStore& settings, QObjec
     m_form.splitter->setCollapsible(0, false);
     m_form.splitter_2->setStretchFactor(0, 1);
     m_form.splitter_2->setStretchFactor(1, 3);
+    m_form.splitter_2->setSizes({150, 450});
     m_form.splitter_3->setStretchFactor(0, 0);
     m_form.splitter_3->setStretchFactor(1, 1);
     m_form.splitter_3->setCollapsible(1, false);
