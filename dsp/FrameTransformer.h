@@ -12,8 +12,8 @@
 class FrameTransformer
 {
 public:
-    /// Frames per tile: enough for long writes into the matrix, few enough for the cache. A multiple of 8.
-    static constexpr int tileFrames = 64;
+    /// Frames per tile: enough for long writes into the matrix, few enough for the cache.
+    static constexpr int tileFrames = DecibelTile::mostFrames;
 
     /// `input` and `window` (the coefficients for its framed samples) outlive the transformer.
     FrameTransformer(const SpectrogramInput& input, const std::vector<double>& window);

@@ -112,7 +112,7 @@ public:
     bool stopped() const { return m_stop && m_stop->load(std::memory_order_relaxed); }
 
 private:
-    static constexpr qint64 portion = 4 * FrameTransformer::tileFrames;
+    static constexpr qint64 portion = qint64{4} * FrameTransformer::tileFrames;
 
     const qint64 m_frames;
     const int m_bins;
