@@ -50,9 +50,9 @@ bool RiffChunks::skip(qint64 count)
 
 bool RiffChunks::fetch(char* bytes, qint64 count)
 {
-    while (count > 0) {
+    while (count > 0) { // the walk never turns back, so a byte outside the window lies behind it
         const qint64 offset = m_position - m_windowStart;
-        if (offset < 0 || offset >= m_windowSize) {
+        if (offset >= m_windowSize) {
             if (!fillWindow())
                 return false;
             continue;

@@ -244,9 +244,8 @@ bool WavReader::readWamd(RiffChunks& chunk)
         return fail(QStringLiteral("Not more than one WAMD chunk supported."));
     const QString cut = QStringLiteral("WAV file read error in WAMD chunk.");
     wamdSize = chunk.size();
-    const qint64 skipped = std::min<qint64>(wamdSize, 67);
-    if (!chunk.skip(skipped) || !readText(chunk, 10, &wamdDate) || !chunk.skip(1) ||
-        !readText(chunk, 8, &wamdTime) || !chunk.skip(qint64(wamdSize) - 19 - skipped))
+    if (!chunk.skip(67) || !readText(chunk, 10, &wamdDate) || !chunk.skip(1) ||
+        !readText(chunk, 8, &wamdTime) || !chunk.skip(qint64(wamdSize) - 86))
         return fail(cut);
     wamdFound = true;
     qCDebug(lcRecordings, "Found WAMD chunk: %s %s", qUtf8Printable(wamdDate), qUtf8Printable(wamdTime));

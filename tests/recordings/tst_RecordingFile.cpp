@@ -8,15 +8,11 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-Q_DECLARE_METATYPE(RecordingFile::Kind)
-
 class tst_RecordingFile : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void kindGoesBySuffix_data();
-    void kindGoesBySuffix();
     void wavFile();
     void wavDateAndTime_data();
     void wavDateAndTime();
@@ -39,23 +35,6 @@ private:
 
     QTemporaryDir m_folder;
 };
-
-void tst_RecordingFile::kindGoesBySuffix_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<RecordingFile::Kind>("kind");
-    QTest::newRow("wav") << QStringLiteral("/a/b.wav") << RecordingFile::Kind::Wav;
-    QTest::newRow("WAV") << QStringLiteral("b.WaV") << RecordingFile::Kind::Wav;
-    QTest::newRow("RAW") << QStringLiteral("b.wav.RAW") << RecordingFile::Kind::Raw;
-    QTest::newRow("mp3") << QStringLiteral("b.mp3") << RecordingFile::Kind::Unsupported;
-    QTest::newRow("no dot") << QStringLiteral("wav") << RecordingFile::Kind::Unsupported;
-}
-
-void tst_RecordingFile::kindGoesBySuffix()
-{
-    QFETCH(QString, path);
-    QTEST(RecordingFile::kindOf(path), "kind");
-}
 
 void tst_RecordingFile::wavFile()
 {

@@ -103,15 +103,12 @@ private slots:
     void formatFields();
     void bextTexts();
     void timeChunk();
-    void wamdSkipsItsHead();
-    void splIsTrimmed();
+    void wamdAndSplChunk();
     void brokenChunkKeepsWhatWasRead();
-    void usedReaderForgets();
     void headerOnlyReadsNoSamples();
     void headerOnlyToleratesWhatItNeedNotConvert();
     void shrinkingFileIsAReadError();
     void tooManyChunksEndTheWalk();
-    void pathThatIsNoFile_data();
     void pathThatIsNoFile();
 };
 
@@ -295,9 +292,11 @@ void tst_WavReader::longDataOfEveryWidth()
     const int frames = stored.size() / width;
     QCOMPARE(reader.samples.size(), static_cast<std::size_t>(frames));
     for (int i = 0; i + 1 < frames; ++i) {
-        qint64 expected = static_cast<signed char>(stored.at((i + 2) * width - 1));
-        for (int byte = width - 2; byte >= 0; --byte)
-            expected = expected * 256 + static_cast<uchar>(stored.at((i + 1) * width + byte));
+        quint32 word = 0;
+        for (int byte = (i + 2) * width - 1; byte >= (i + 1) * width; --byte)
+            word = word << 8 | static_cast<uchar>(stored.at(byte));
+        const int shift = 32 - 8 * width;
+        const int expected = static_cast<int>(word << shift) >> shift;
         if (reader.samples[static_cast<std::size_t>(i)] != expected)
             QFAIL(qPrintable(QStringLiteral("sample %1").arg(i)));
     }
@@ -314,17 +313,11 @@ void tst_WavReader::formatFields()
     WavReader reader;
     loadBytes(reader, WavBytes().fmt(format).dataBytes(QByteArray(9, '\0')).bytes());
     QVERIFY(reader.riffFound && reader.fmtFound && reader.dataFound);
-    QCOMPARE(reader.riffSize, 45u);
-    QCOMPARE(reader.fmtSize, 16u);
-    QCOMPARE(reader.compressionCode, 1u);
-    QCOMPARE(reader.channels, 1u);
-    QCOMPARE(reader.sampleRate, 384000u);
-    QCOMPARE(reader.bytesPerSecond, 12u);
-    QCOMPARE(reader.blockAlign, 34u);
-    QCOMPARE(reader.bitsPerSample, 24u);
-    QCOMPARE(reader.bytesPerSample, 3u);
-    QCOMPARE(reader.dataSize, 9u);
-    QCOMPARE(reader.dataOffset, 0u);
+    const std::vector<quint32> fields = {reader.riffSize,   reader.fmtSize,       reader.compressionCode,
+                                         reader.channels,   reader.sampleRate,    reader.bytesPerSecond,
+                                         reader.blockAlign, reader.bitsPerSample, reader.bytesPerSample,
+                                         reader.dataSize,   reader.dataOffset};
+    QCOMPARE(fields, std::vector<quint32>({45, 16, 1, 1, 384000, 12, 34, 24, 3, 9, 0}));
 }
 
 void tst_WavReader::bextTexts()
@@ -332,16 +325,15 @@ void tst_WavReader::bextTexts()
     WavBytes::Bext fields = bext();
     fields.description = QByteArray("N\0yc|\x01\x7F\x80\xFF|", 11) + QByteArray(200, '\0') + "end";
     WavReader reader;
-    loadBytes(reader, mono().bext(fields).bytes());
+    const QByteArray payload = WavBytes::bextPayload(fields).replace(338, 264, QByteArray(264, 'r'));
+    loadBytes(reader, mono().chunk("bext", payload).bytes());
     QVERIFY(reader.bextFound);
     QCOMPARE(reader.bextSize, 607u);
     QCOMPARE(reader.bextDescription,
              QStringLiteral("Nyc|\x01\x7F") + QChar(0xFF80) + QChar(0xFFFF) + QStringLiteral("|end"));
-    QCOMPARE(reader.bextOriginator, QStringLiteral("a recorder"));
-    QCOMPARE(reader.bextReference, QStringLiteral("reference"));
-    QCOMPARE(reader.bextDate, QStringLiteral("2024-05-01"));
-    QCOMPARE(reader.bextTime, QStringLiteral("22:10:30"));
-    QCOMPARE(reader.bextCodingHistory, QStringLiteral("A=PCM"));
+    const QStringList others = {reader.bextOriginator, reader.bextReference, reader.bextDate, reader.bextTime,
+                                reader.bextCodingHistory};
+    QCOMPARE(others.join(QLatin1Char(';')), QStringLiteral("a recorder;reference;2024-05-01;22:10:30;A=PCM"));
 }
 
 void tst_WavReader::timeChunk()
@@ -350,38 +342,24 @@ void tst_WavReader::timeChunk()
     loadBytes(reader, mono().time(time()).bytes());
     QVERIFY(reader.timeFound);
     QCOMPARE(reader.timeSize, 64u);
-    QCOMPARE(reader.timeChar1, QStringLiteral("one") + QChar(0xE9));
     QCOMPARE(reader.timeNumber1, -5);
-    QCOMPARE(reader.timeRecDate, QStringLiteral("14/03/24"));
-    QCOMPARE(reader.timeDate, QStringLiteral("18:10:00"));
-    QCOMPARE(reader.timeChar2, QStringLiteral("two"));
     QCOMPARE(reader.timeNumber2, 7);
-    QCOMPARE(reader.timeSecDate, QStringLiteral("03/15/24"));
-    QCOMPARE(reader.timeSecTime, QStringLiteral("18:11:39"));
-    QCOMPARE(reader.timeChar3, QStringLiteral("the tail"));
+    const QStringList texts = {reader.timeChar1,   reader.timeRecDate, reader.timeDate, reader.timeChar2,
+                               reader.timeSecDate, reader.timeSecTime, reader.timeChar3};
+    QCOMPARE(texts.join(QLatin1Char(';')),
+             QStringLiteral("one") + QChar(0xE9) +
+                 QStringLiteral(";14/03/24;18:10:00;two;03/15/24;18:11:39;the tail"));
 }
 
-void tst_WavReader::wamdSkipsItsHead()
+void tst_WavReader::wamdAndSplChunk()
 {
     WavReader reader;
-    loadBytes(reader, mono().wamd("2024-05-01", "22:1\xFC:30", "tail").spl("94").bytes());
-    QVERIFY(reader.wamdFound);
+    const QByteArray level = QByteArray(" 9") + '\0' + "4.5  x" + "beyond";
+    loadBytes(reader, mono().wamd("2024-05-01", "22:1\xFC:30", "tail").spl(level).bytes());
+    QVERIFY(reader.wamdFound && reader.splFound);
     QCOMPARE(reader.wamdSize, 90u);
     QCOMPARE(reader.wamdDate, QStringLiteral("2024-05-01"));
     QCOMPARE(reader.wamdTime, QStringLiteral("22:1") + QChar(0xFC) + QStringLiteral(":30"));
-    QVERIFY(reader.splFound); // so the tail was left whole
-}
-
-void tst_WavReader::splIsTrimmed()
-{
-    WavReader reader;
-    loadBytes(reader, mono()
-                          .spl(QByteArray(" 9\0"
-                                          "4.5  x",
-                                          9) +
-                               "beyond")
-                          .bytes());
-    QVERIFY(reader.splFound);
     QCOMPARE(reader.splSize, 15u);
     QCOMPARE(reader.splValue, QStringLiteral("94.5"));
 }
@@ -399,21 +377,6 @@ void tst_WavReader::brokenChunkKeepsWhatWasRead()
     QVERIFY(!reader.timeFound);
 }
 
-void tst_WavReader::usedReaderForgets()
-{
-    WavReader reader;
-    loadBytes(reader, mono().time(time()).bext(bext()).wamd("a", "b").spl("94").data({1}).bytes());
-    QVERIFY(!reader.errorText.isEmpty());
-    loadBytes(reader, mono().bytes());
-    QVERIFY(reader.valid && reader.errorText.isEmpty());
-    QVERIFY(!reader.timeFound && !reader.bextFound && !reader.wamdFound && !reader.splFound);
-    QVERIFY(reader.timeRecDate.isEmpty() && reader.bextDescription.isEmpty() && reader.wamdDate.isEmpty());
-    loadBytes(reader, "RIFF");
-    QCOMPARE(reader.fmtSize, 1000u);
-    QCOMPARE(reader.sampleRate, 0u);
-    QVERIFY(reader.samples.empty() && !reader.dataFound);
-}
-
 void tst_WavReader::headerOnlyReadsNoSamples()
 {
     // 4 GB of data, with the class record behind them: beyond what 32-bit offsets reach.
@@ -428,7 +391,7 @@ void tst_WavReader::headerOnlyReadsNoSamples()
     QCOMPARE(reader.bextDescription, QStringLiteral("Pip|Pip|1|"));
     QCOMPARE(reader.frameCount(), dataSize / 2);
     QVERIFY(reader.samples.empty() && !reader.valid);
-    QVERIFY(file.bytesRead <= 2 * 4096);
+    QVERIFY(file.bytesRead <= qint64(8192));
 }
 
 void tst_WavReader::headerOnlyToleratesWhatItNeedNotConvert()
@@ -462,28 +425,21 @@ void tst_WavReader::tooManyChunksEndTheWalk()
     QCOMPARE(reader.samples.size(), std::size_t(4));
 }
 
-void tst_WavReader::pathThatIsNoFile_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("missing") << QStringLiteral("missing.wav");
-    QTest::newRow("folder") << QStringLiteral("folder.wav");
-    QTest::newRow("pipe") << QStringLiteral("pipe.wav");
-}
-
 void tst_WavReader::pathThatIsNoFile()
 {
-    QFETCH(QString, name);
     const QTemporaryDir folder;
-    const QString path = folder.filePath(name);
     QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("folder.wav")));
 #ifdef Q_OS_UNIX
     QCOMPARE(mkfifo(QFile::encodeName(folder.filePath(QStringLiteral("pipe.wav"))).constData(), 0600), 0);
 #endif
-    WavReader reader;
-    loadBytes(reader, mono().bytes());
-    reader.load(path, false);
-    QCOMPARE(reader.errorText, QStringLiteral("Cannot open file '") + path + QStringLiteral("'"));
-    QVERIFY(reader.samples.empty() && !reader.valid && !reader.riffFound);
+    for (const char* name : {"missing.wav", "folder.wav", "pipe.wav"}) {
+        const QString path = folder.filePath(QString::fromLatin1(name));
+        WavReader reader;
+        loadBytes(reader, mono().bytes());
+        reader.load(path, false);
+        QCOMPARE(reader.errorText, QStringLiteral("Cannot open file '") + path + QStringLiteral("'"));
+        QVERIFY(reader.samples.empty() && !reader.valid && !reader.riffFound);
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_WavReader)
