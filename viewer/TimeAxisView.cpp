@@ -131,5 +131,5 @@ QSize TimeAxisView::sizeHint() const
 
 QSize TimeAxisView::minimumSizeHint() const
 {
-    return {240, 110};
+    return {240, 130};
 }
