@@ -81,6 +81,9 @@ void tst_HeaderChain::init()
     connect(m_chain.get(), &HeaderChain::openingAllowedChanged, [this](bool allowed) {
         m_events << (allowed ? QStringLiteral("open") : QStringLiteral("closed"));
     });
+    connect(m_chain.get(), &HeaderChain::loadingChanged, [this](bool loading) {
+        m_events << (loading ? QStringLiteral("loading") : QStringLiteral("loaded"));
+    });
     connect(m_chain.get(), &HeaderChain::viewModeChanged,
             [this](int mode) { m_events << QStringLiteral("mode %1").arg(mode); });
 }
@@ -110,7 +113,8 @@ void tst_HeaderChain::readsOneAfterTheOther()
     add("b.wav");
     add("a.wav");
     m_chain->open(folder());
-    QCOMPARE(m_events.join(QLatin1String(", ")), QStringLiteral("incomplete, mode 1, start, show a.wav"));
+    QCOMPARE(m_events.join(QLatin1String(", ")),
+             QStringLiteral("incomplete, mode 1, loading, start, show a.wav"));
     QCOMPARE(m_session->folder, m_folder->path());
     QVERIFY(m_chain->isLoading());
     QCOMPARE(m_requests.size(), 1);
@@ -122,7 +126,7 @@ void tst_HeaderChain::readsOneAfterTheOther()
     m_events.clear();
     answer(1, "Nyc");
     QCOMPARE(m_requests.size(), 2);
-    QCOMPARE(m_events.join(QLatin1String(", ")), QStringLiteral("stop, complete, open"));
+    QCOMPARE(m_events.join(QLatin1String(", ")), QStringLiteral("stop, loaded, complete, open"));
     QVERIFY(!m_chain->isLoading());
     QCOMPARE(m_files->texts(6).join(QLatin1Char(' ')), QStringLiteral("Pip Nyc"));
     QCOMPARE(m_files->texts(10).join(QLatin1Char(' ')), QStringLiteral("note note"));
@@ -191,7 +195,8 @@ void tst_HeaderChain::anotherFolderWaitsForTheAnswer()
     QCOMPARE(m_files->pane.rowCount(), 2);
     m_events.clear();
     answer(1, "dropped");
-    QCOMPARE(m_events.join(QLatin1String(", ")), QStringLiteral("stop, open, mode 1, start, show z.wav"));
+    QCOMPARE(m_events.join(QLatin1String(", ")),
+             QStringLiteral("stop, loaded, open, mode 1, loading, start, show z.wav"));
     QCOMPARE(m_files->texts(6), QStringList{QString()});
     QCOMPARE(m_requests.last().path, other.filePath(QStringLiteral("z.wav")));
     answerAll();
@@ -306,18 +311,18 @@ void tst_HeaderChain::heldRowsStay()
     add("a.wav");
     m_chain->open(folder());
     QTreeWidgetItem* row = m_files->pane.row(0);
-    m_chain->holdRows();
+    m_chain->setRowsHeld(true);
     m_chain->open(folder());
     answer(0);
     QCOMPARE(m_files->pane.row(0), row);
-    m_chain->releaseRows();
+    m_chain->setRowsHeld(false);
     QVERIFY(m_chain->isLoading());
     answerAll();
 
-    m_chain->holdRows();
+    m_chain->setRowsHeld(true);
     m_chain->open(folder());
     QVERIFY(!m_chain->isLoading());
-    m_chain->releaseRows();
+    m_chain->setRowsHeld(false);
     QVERIFY(m_chain->isLoading());
 }
 
