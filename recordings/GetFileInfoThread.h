@@ -1,9 +1,9 @@
 #ifndef SONAVIA_RECORDINGS_GETFILEINFOTHREAD_H
 #define SONAVIA_RECORDINGS_GETFILEINFOTHREAD_H
 
+#include "recordings/RecorderResult.h"
 #include "recordings/RecordingFile.h"
 #include "recordings/RecordingRow.h"
-#include "recordings/RecorderResult.h"
 
 #include <QObject>
 
@@ -56,7 +56,10 @@ signals:
 
 private:
     RecordingRow readHeader(const QString& path);
-    /// Whether the record got a proposal, so that it has to be written.
+    // The two evaluation modes with fixed classes; each brings the record into line and writes it if changed.
+    void categorize(const QString& path, ClassRecord& record);
+    void review(const QString& path, const QString& resultFileName, int reviewMode, ClassRecord& record);
+    /// False where there is none to go on with, because the samples could not be loaded or on a stop.
     bool computeProposal(const QString& path, ClassRecord& record);
 
     UserPrompts& m_prompts;
