@@ -10,8 +10,8 @@
 /// The colours of a linear colour map over an interval, tabulated for many look-ups: rgb(v) equals
 /// map.rgb(interval, v) for every v, infinities and NaN (transparent) included.
 ///
-/// A linear map is a staircase: between two stops each channel only rises or only falls, so a handful of
-/// hundred values at which the colour changes describe it completely. They are found by asking the map
+/// A linear map is a staircase: between two stops each channel only rises or only falls, so some hundred
+/// values at which the colour changes describe it completely. They are found by asking the map
 /// itself, which makes the table exact however the map rounds. The map is not needed after construction.
 class ColourLookup
 {

@@ -53,6 +53,8 @@ protected:
                        const QSize& imageSize) const override;
 
 private:
+    using QwtPlotSpectrogram::setData;
+
     /// What a picture was painted for: both maps, the canvas, device pixels per pixel.
     using PictureKey = std::array<double, 13>;
 

@@ -4,6 +4,7 @@
 #include "viewer/MatrixSpectrogram.h"
 #include "viewer/PlotStyle.h"
 
+#include <QDebug>
 #include <qwt_plot_grid.h>
 #include <qwt_plot_marker.h>
 #include <qwt_plot_scaleitem.h>
@@ -86,6 +87,12 @@ void SpectrogramView::clear(const AxisLimits& frequency)
     setFrequencyLimits(frequency);
 }
 
+void SpectrogramView::removePicture()
+{
+    m_spectrogram->setMatrix({}, 0, m_wholeTime.upper, m_wholeFrequency.upper);
+    removeDetectionMarks();
+}
+
 void SpectrogramView::setFrequencyLimits(const AxisLimits& limits)
 {
     const AxisLimits& shown = limits.isValid() ? limits : m_wholeFrequency;
@@ -145,6 +152,11 @@ void SpectrogramView::setScaleItemPosition(double seconds)
 double SpectrogramView::scaleItemPosition() const
 {
     return m_scaleItem->position();
+}
+
+void SpectrogramView::logPanned(int x, int y) const
+{
+    qDebug("panned to %d, %d; scale at %g s", x, y, scaleItemPosition());
 }
 
 void SpectrogramView::applyColourScheme(int index)

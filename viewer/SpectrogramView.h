@@ -33,6 +33,9 @@ public:
     /// Empties the plot: no picture, no detection marks, time axis 0..1 s, frequency axis as given (kHz).
     void clear(const AxisLimits& frequency = AxisLimits::emptyFrequency());
 
+    /// Takes picture and detection marks away and frees the matrix; the axes stay as they are.
+    void removePicture();
+
     /// The visible part of the axes, in kHz and seconds. Where the limits leave nothing to see, the whole
     /// recording's frequencies (duration) are shown.
     void setFrequencyLimits(const AxisLimits& limits);
@@ -53,6 +56,8 @@ public:
     /// Where the scale on the canvas stands: the time (s) at the left edge of what is shown.
     void setScaleItemPosition(double seconds);
     double scaleItemPosition() const;
+    /// Notes where the canvas was dragged to (pixels) in the debug log.
+    void logPanned(int x, int y) const;
 
     /// Takes the scheme of setting "colormap"; an unknown index leaves the current one.
     void applyColourScheme(int index);
