@@ -10,8 +10,8 @@ class QTreeWidgetItem;
 /// The worker that changes class records in WAV files, off the GUI thread.
 ///
 /// Made on the GUI thread, without parent, and moved to a thread of its own, which is to end (quit and wait)
-/// before the worker is deleted. Requests are queued signals connected to the slots; registerSignalTypes()
-/// comes first. A request handles the file of selectedFileItems[index] and no other, and is answered by one
+/// before the worker is deleted. Requests are queued signals connected to the slots, "QTreeWidgetItem*" and
+/// "QList<QTreeWidgetItem*>" being registered first. A request handles the file of selectedFileItems[index] and no other, and is answered by one
 /// signal that carries its arguments back. `success` tells that the file is as it should be: it was written,
 /// or nothing needed writing.
 ///
