@@ -3,6 +3,7 @@
 #include "classes/AssignmentController.h"
 #include "classes/ClassTreePane.h"
 #include "classes/DirectEdits.h"
+#include "classes/FileDeletion.h"
 #include "classes/core/AssignmentPlan.h"
 #include "classes/selectedRows.h"
 
@@ -49,7 +50,7 @@ std::unique_ptr<QMenu> FileListMenus::evaluationMenu()
         menu->addSeparator();
     }
     menu->addAction(QStringLiteral("&Reset all files"), &m_assigning, &AssignmentController::resetAllFiles)
-        ->setEnabled(m_evaluation.topLevelItemCount() > 0 && !m_assigning.isListLoading());
+        ->setEnabled(m_evaluation.topLevelItemCount() > 0 && m_assigning.isListComplete());
     if (!rows.isEmpty()) {
         addDeletion(*menu, m_evaluation, rows.size());
         menu->addSeparator();
@@ -125,7 +126,6 @@ void FileListMenus::addExports(QMenu& menu, const QList<QTreeWidgetItem*>& rows)
 void FileListMenus::addDeletion(QMenu& menu, QTreeWidget& list, int count)
 {
     menu.addAction(icon("red_cross.png"),
-                   count == 1 ? QStringLiteral("&Delete file") : QStringLiteral("&Delete files"),
-                   &m_assigning, [this, &list] { m_assigning.deleteSelectedFiles(list); })
-        ->setEnabled(!m_assigning.isListLoading());
+                   count == 1 ? QStringLiteral("&Delete file") : QStringLiteral("&Delete files"), this,
+                   [this, &list] { m_assigning.deletion().deleteSelected(list); });
 }
