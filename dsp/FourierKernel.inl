@@ -11,18 +11,19 @@
 //
 // Method, for N = 16 L samples:
 //
-// 1. The samples are a matrix of 2 L rows and 8 columns. Each column is a real sequence of length 2 L, and
-// lanes
-//    transform columns side by side. Two rows make one complex row: even rows are real, odd rows imaginary
-//    parts.
-// 2. L complex rows are transformed in place by decimation in frequency with radices 8 and 4; the input is
-// read
-//    by the first pass as it lies. Rows end up with their digits reversed.
-// 3. Rows q and L - q are separated into the transforms of the real columns, and each is multiplied by
-//    e^(-2 pi i q c / N) for its column c.
-// 4. 8 rows are transposed, so that lanes become bins, and radix-8 butterflies over the columns give the bins
-//    q + 2 L p: those above N/2 are the conjugates of bins still missing and are stored in reverse. What step
-//    3 leaves for q = L, a real row, becomes four bins by a product with a matrix.
+// Step 1. The samples are a matrix of 2 L rows and 8 columns. Each column is a real sequence of length 2 L,
+// and lanes transform columns side by side. Two rows make one complex row: even rows are real, odd rows
+// imaginary parts.
+//
+// Step 2. L complex rows are transformed in place by decimation in frequency with radices 8 and 4; the first
+// pass reads the samples as they lie. Rows end up with their digits reversed.
+//
+// Step 3. Rows q and L - q are separated into the transforms of the real columns, and each is multiplied by
+// e^(-2 pi i q c / N) for its column c.
+//
+// Step 4. 8 rows are transposed, so that lanes become bins, and radix-8 butterflies over the columns give the
+// bins q + 2 L p. Those above N/2 are the conjugates of bins still missing and are stored in reverse. What
+// step 3 leaves for q = L, a real row, becomes four bins by a product with a matrix.
 //
 // Every value goes through the same operations in the same order whatever the number of lanes, so the results
 // are the same bits for every set. Nothing of the standard library is used here: an inline function compiled
@@ -30,6 +31,16 @@
 
 #include "dsp/FourierKernel.h"
 #include "dsp/FourierPlan.h"
+
+#ifdef _MSC_VER // older versions fuse under /arch:AVX2
+#pragma fp_contract(off)
+#endif
+
+#if defined(__AVX__) && defined(__GNUC__)
+#define SONAVIA_NOT_INLINED __attribute__((noinline))
+#else
+#define SONAVIA_NOT_INLINED inline
+#endif
 
 namespace {
 
@@ -116,33 +127,41 @@ inline void butterfly(Complex<V> (&x)[8])
     x[7] = plusTurned(difference02, difference13);
 }
 
+/// Rows n, n + Length / radix, ... of `source`, in place or into `rows`. The factors of n = 0 are 1.
+template <class V, int Length, bool Turned>
+inline void transformRows(const float* source, float* rows, const float* factors)
+{
+    constexpr int radix = fourierRadix(Length);
+    constexpr int stride = Length / radix * 2 * fourierColumns;
+    for (int column = 0; column < fourierColumns; column += V::lanes) {
+        Complex<V> x[radix];
+        for (int i = 0; i < radix; ++i)
+            x[i] = Complex<V>::load(source + column + i * stride);
+        butterfly(x);
+        x[0].store(rows + column);
+        for (int i = 1; i < radix; ++i) {
+            if constexpr (Turned)
+                x[i] = x[i] * Complex<V>{V::all(factors[2 * i - 2]), V::all(factors[2 * i - 1])};
+            x[i].store(rows + column + i * stride);
+        }
+    }
+}
+
 /// Transforms `Length` rows of `source`, in place or into `rows`.
 template <class V, int Length>
 inline void transformColumns(const float* source, float* rows, const float* factors)
 {
     constexpr int radix = fourierRadix(Length);
     constexpr int step = Length / radix;
-    constexpr int stride = step * 2 * fourierColumns;
-    for (int n = 0; n < step; ++n) {
-        for (int column = 0; column < fourierColumns; column += V::lanes) {
-            const int at = n * 2 * fourierColumns + column;
-            Complex<V> x[radix];
-            for (int i = 0; i < radix; ++i)
-                x[i] = Complex<V>::load(source + at + i * stride);
-            butterfly(x);
-            x[0].store(rows + at);
-            for (int i = 1; i < radix; ++i) {
-                if constexpr (step > 1) {
-                    const float* factor = factors + 2 * (n * (radix - 1) + i - 1);
-                    x[i] = x[i] * Complex<V>{V::all(factor[0]), V::all(factor[1])};
-                }
-                x[i].store(rows + at + i * stride);
-            }
-        }
+    constexpr int width = 2 * fourierColumns;
+    transformRows<V, Length, false>(source, rows, factors);
+    for (int n = 1; n < step; ++n) {
+        transformRows<V, Length, true>(source + n * width, rows + n * width, factors);
+        factors += 2 * (radix - 1);
     }
     if constexpr (step > 1) {
         for (int i = 0; i < radix; ++i)
-            transformColumns<V, step>(rows + i * stride, rows + i * stride, factors + 2 * step * (radix - 1));
+            transformColumns<V, step>(rows + i * step * width, rows + i * step * width, factors);
     }
 }
 
@@ -235,11 +254,11 @@ inline void joinColumns(const float* rows, float* spectrum, int q)
     }
 }
 
-/// Step 4 for the real row q = Length: bins Length (2 p + 1), p = 0 .. 3.
-template <class V, int Length>
-inline void joinNyquistRow(const float* row, float* spectrum, const float* matrix)
+/// The four bins of step 4 for the real row q = Length: real parts, then imaginary parts. Not inlined, so
+/// that the values of the row and of the result pass through memory, where they cost no shuffles.
+template <class V>
+SONAVIA_NOT_INLINED void joinNyquistRow(const float* row, const float* matrix, float* parts)
 {
-    float parts[fourierColumns]; // four real parts, four imaginary parts
     for (int lane = 0; lane < fourierColumns; lane += V::lanes) {
         V products[fourierColumns];
         for (int i = 0; i < fourierColumns; ++i)
@@ -248,23 +267,35 @@ inline void joinNyquistRow(const float* row, float* spectrum, const float* matri
          ((products[4] + products[5]) + (products[6] + products[7])))
             .store(parts + lane);
     }
+}
+
+/// Puts them into bins Length (2 p + 1), p = 0 .. 3.
+template <int Length>
+inline void storeNyquistBins(const float* parts, float* spectrum)
+{
     for (int p = 0; p < 4; ++p) {
         spectrum[Length * (2 * p + 1)] = parts[p];
         spectrum[(fourierColumns + 2 * p + 1) * Length] = parts[4 + p];
     }
 }
 
-template <class V, int Exponent>
+template <class V, class Narrow, int Exponent>
 void forwardTransform(const float* samples, float* spectrum, const FourierFactors& factors)
 {
     constexpr int length = (1 << Exponent) / (2 * fourierColumns);
     alignas(64) float rows[(length + 1) * 2 * fourierColumns];
     transformColumns<V, length>(samples, rows, factors.passes);
     separateColumns<V, length>(rows, factors);
-    joinColumns<V, length, true>(rows, spectrum, 0);
-    for (int q = V::lanes; q < length; q += V::lanes)
-        joinColumns<V, length, false>(rows, spectrum, q);
-    joinNyquistRow<V, length>(rows + length * 2 * fourierColumns, spectrum, factors.nyquist);
+    if constexpr (length < V::lanes) {
+        joinColumns<Narrow, length, true>(rows, spectrum, 0);
+    } else {
+        joinColumns<V, length, true>(rows, spectrum, 0);
+        for (int q = V::lanes; q < length; q += V::lanes)
+            joinColumns<V, length, false>(rows, spectrum, q);
+    }
+    float parts[fourierColumns];
+    joinNyquistRow<V>(rows + length * 2 * fourierColumns, factors.nyquist, parts);
+    storeNyquistBins<length>(parts, spectrum);
 }
 
 /// Picks the kernel for 2^6 .. 2^14 samples; the first has as few rows as Narrow has lanes.
@@ -273,23 +304,23 @@ FourierKernel kernelOf(int exponent)
 {
     switch (exponent) {
     case 6:
-        return forwardTransform<Narrow, 6>;
+        return forwardTransform<V, Narrow, 6>;
     case 7:
-        return forwardTransform<V, 7>;
+        return forwardTransform<V, Narrow, 7>;
     case 8:
-        return forwardTransform<V, 8>;
+        return forwardTransform<V, Narrow, 8>;
     case 9:
-        return forwardTransform<V, 9>;
+        return forwardTransform<V, Narrow, 9>;
     case 10:
-        return forwardTransform<V, 10>;
+        return forwardTransform<V, Narrow, 10>;
     case 11:
-        return forwardTransform<V, 11>;
+        return forwardTransform<V, Narrow, 11>;
     case 12:
-        return forwardTransform<V, 12>;
+        return forwardTransform<V, Narrow, 12>;
     case 13:
-        return forwardTransform<V, 13>;
+        return forwardTransform<V, Narrow, 13>;
     case 14:
-        return forwardTransform<V, 14>;
+        return forwardTransform<V, Narrow, 14>;
     default:
         return nullptr;
     }

@@ -30,7 +30,8 @@ using Number = Complex<Vector>;
 
 inline Number at(const float* pairs, int i)
 {
-    return {{pairs[2 * i]}, {pairs[2 * i + 1]}};
+    const int real = 2 * i;
+    return {{pairs[real]}, {pairs[real + 1]}};
 }
 
 /// 16 values as 4 x 4.
@@ -42,10 +43,11 @@ inline void butterfly(Number (&x)[16], const float* factors)
         butterfly(column);
         turned[n] = column[0];
         for (int i = 1; i < 4; ++i)
-            turned[4 * i + n] = column[i] * at(factors, 3 * n + i - 1);
+            turned[4 * i + n] = n > 0 ? column[i] * at(factors, 3 * n + i - 4) : column[i];
     }
     for (int i = 0; i < 4; ++i) {
-        Number row[4] = {turned[4 * i], turned[4 * i + 1], turned[4 * i + 2], turned[4 * i + 3]};
+        const int first = 4 * i;
+        Number row[4] = {turned[first], turned[first + 1], turned[first + 2], turned[first + 3]};
         butterfly(row);
         for (int n = 0; n < 4; ++n)
             x[4 * n + i] = row[n];

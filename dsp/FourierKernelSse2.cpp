@@ -2,10 +2,6 @@
 #include "dsp/FourierKernelSets.h"
 #include "dsp/FourierVector4.h"
 
-#include <emmintrin.h>
-
-namespace {} // namespace
-
 FourierKernel fourierKernelSse2(int exponent)
 {
     return kernelOf<Vector4, Vector4>(exponent);

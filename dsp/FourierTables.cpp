@@ -4,12 +4,13 @@
 #include "dsp/UnitRoot.h"
 
 #include <cstddef>
+#include <cstdint>
 
 namespace {
 
 using Values = std::vector<float>;
 
-/// factor x e^(-2 pi i k / n)
+/// e^(-2 pi i k / n)
 void appendPair(Values& values, int k, int n)
 {
     const UnitRoot root = unitRoot(k % n, n);
@@ -20,9 +21,9 @@ void appendPair(Values& values, int k, int n)
 /// scale x e^(-2 pi i q c / samples) for the columns c.
 void appendLaneRow(Values& values, int q, int samples, double scale)
 {
-    for (int column = 0; column < fourierColumns; ++column)
+    for (std::int64_t column = 0; column < fourierColumns; ++column)
         values.push_back(static_cast<float>(scale * unitRoot(q * column, samples).cosine));
-    for (int column = 0; column < fourierColumns; ++column)
+    for (std::int64_t column = 0; column < fourierColumns; ++column)
         values.push_back(static_cast<float>(-scale * unitRoot(q * column, samples).sine));
 }
 
@@ -58,7 +59,7 @@ Values passFactors(int length)
     Values values;
     while (length > fourierRadix(length)) {
         const int radix = fourierRadix(length);
-        for (int n = 0; n < length / radix; ++n)
+        for (int n = 1; n < length / radix; ++n)
             for (int i = 1; i < radix; ++i)
                 appendPair(values, n * i, length);
         length /= radix;
