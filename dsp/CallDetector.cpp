@@ -51,8 +51,8 @@ void labelRegions(AmplitudeImage& image, int sampleRate, RegionLabelling& labell
 std::vector<int> strongestRegions(const std::vector<float>& scores, int sampleRate, int sampleSize)
 {
     // There are regions only at 2 kHz and more, so this neither divides by zero nor overflows.
-    const auto seconds = static_cast<double>(static_cast<float>(sampleSize / sampleRate));
-    const int limit = static_cast<int>((seconds + 1.0) * 20.0);
+    const int seconds = sampleSize / sampleRate;
+    const int limit = static_cast<int>((static_cast<double>(static_cast<float>(seconds)) + 1.0) * 20.0);
     RegionSelection selection(std::min(static_cast<std::size_t>(std::max(limit, 0)), scores.size()));
     for (std::size_t i = 0; i < scores.size(); ++i)
         selection.offer(scores[i], static_cast<int>(i) + 1);

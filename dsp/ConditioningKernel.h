@@ -110,6 +110,9 @@ private:
 template <class V>
 struct EchoSuppression
 {
+    /// Far below what any recording holds: an amplitude either is 0 or makes a new peak over such a one.
+    static constexpr float faintestPeak = 1e-30F;
+
     static void run(float* row, const ConditioningRows& block, std::uint64_t* nonZero)
     {
         for (std::size_t word = 0; word < block.words; ++word)
@@ -118,13 +121,15 @@ struct EchoSuppression
         const int wanted = (block.bins - block.firstBin + V::width - 1) / V::width;
         const int fitting = block.bins / V::width;
         const int start = block.bins - (wanted < fitting ? wanted : fitting) * V::width;
+        // Peaks lie so that these vectors are aligned: split ones could not be read back at once.
+        float* const peaks = block.peaks + V::width - start % V::width;
         for (int bin = block.firstBin; bin < start; ++bin)
-            setBits(nonZero, bin, suppress<OneLane>(row, block.peaks, bin));
+            setBits(nonZero, bin, suppress<OneLane>(row + bin, peaks + bin));
         for (int bin = start; bin < block.bins;) {
             std::uint64_t bits = 0;
             const int from = bin;
             for (; bin < block.bins && bin - from < 64; bin += V::width)
-                bits |= std::uint64_t{suppress<V>(row, block.peaks, bin)} << (bin - from);
+                bits |= std::uint64_t{suppress<V>(row + bin, peaks + bin)} << (bin - from);
             setBits(nonZero, from, bits);
         }
         std::memset(row, 0, block.firstBin * sizeof(float));
@@ -135,14 +140,15 @@ struct EchoSuppression
 
 private:
     template <class U>
-    static unsigned suppress(float* row, float* peaks, int bin)
+    static unsigned suppress(float* row, float* peaks)
     {
         constexpr float decay = 0.9F;
-        const U x = U::load(row + bin);
-        const U peak = U::larger(U::all(decay) * U::load(peaks + bin) + U::all(1.0F - decay) * x, x);
-        peak.store(peaks + bin);
+        const U x = U::load(row);
+        const U peak = U::larger(U::all(decay) * U::load(peaks) + U::all(1.0F - decay) * x, x);
+        // A bin that stays silent would end in subnormal numbers, which are many times slower.
+        peak.clearedWhereLess(peak, U::all(faintestPeak)).store(peaks);
         const U rest = x.clearedWhereLess(x + x, peak);
-        rest.store(row + bin);
+        rest.store(row);
         return rest.positiveBits();
     }
 

@@ -4,6 +4,7 @@
 #include "dsp/InstructionSet.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -46,9 +47,14 @@ ImageConditioning::ImageConditioning(int bins, int sampleRate)
         return;
     for (int bin = m_firstBin; bin < m_endBin; ++bin)
         m_keptBits[bin / 64] |= std::uint64_t{1} << (bin % 64);
-    m_peaks.resize(static_cast<std::size_t>(bins));
-    m_lanes.resize(static_cast<std::size_t>(bins) * mostRows);
-    m_padded.resize(static_cast<std::size_t>(bins) * mostRows);
+    const std::size_t rowSize = static_cast<std::size_t>(bins);
+    constexpr std::size_t lane = ConditioningRows::widest;
+    m_scratch.resize(2 * rowSize * mostRows + rowSize + 3 * lane);
+    void* aligned = m_scratch.data();
+    std::size_t space = m_scratch.size() * sizeof(float);
+    m_lanes = static_cast<float*>(std::align(lane * sizeof(float), rowSize, aligned, space));
+    m_padded = m_lanes + rowSize * mostRows;
+    m_peaks = m_padded + rowSize * mostRows;
 }
 
 void ImageConditioning::condition(float* rows, int rowCount, std::uint64_t* nonZero)
@@ -58,6 +64,6 @@ void ImageConditioning::condition(float* rows, int rowCount, std::uint64_t* nonZ
         std::fill_n(nonZero, static_cast<std::size_t>(rowCount) * words(), 0);
         return;
     }
-    m_kernel({rows, rowCount, m_bins, m_firstBin, m_endBin, m_lanes.data(), m_padded.data(), m_peaks.data(),
-              m_keptBits.data(), nonZero, words()});
+    m_kernel({rows, rowCount, m_bins, m_firstBin, m_endBin, m_lanes, m_padded, m_peaks, m_keptBits.data(),
+              nonZero, words()});
 }

@@ -23,6 +23,8 @@ public:
 
     /// bins >= 0; sampleRate in Hz, where a rate under 2 kHz leaves no bin.
     ImageConditioning(int bins, int sampleRate);
+    ImageConditioning(const ImageConditioning&) = delete;
+    ImageConditioning& operator=(const ImageConditioning&) = delete;
 
     /// The bins [firstBin(), endBin()) are kept, all others become 0. Equal where none is kept.
     int firstBin() const { return m_firstBin; }
@@ -40,9 +42,10 @@ private:
     int m_firstBin;
     int m_endBin;
     std::vector<std::uint64_t> m_keptBits;
-    std::vector<float> m_peaks;
-    std::vector<float> m_lanes;
-    std::vector<float> m_padded;
+    std::vector<float> m_scratch;
+    float* m_peaks = nullptr; // in m_scratch
+    float* m_lanes = nullptr;
+    float* m_padded = nullptr;
     void (*m_kernel)(const ConditioningRows&);
 };
 

@@ -166,6 +166,24 @@ CallFeatures measure(const std::vector<std::vector<float>>& rows, int bins)
     return features;
 }
 
+/// The labels of as many regions as the recording may have, by ascending label.
+std::vector<int> strongest(const std::vector<Blob>& regions, int sampleRate, int sampleSize)
+{
+    std::vector<int> order;
+    for (int i = 1; i <= static_cast<int>(regions.size()); ++i)
+        order.push_back(i);
+    std::sort(order.begin(), order.end(), [&](int a, int b) {
+        const float scoreA = regions[a - 1].score;
+        const float scoreB = regions[b - 1].score;
+        return scoreA != scoreB ? scoreA > scoreB : a > b;
+    });
+    const int seconds = sampleSize / sampleRate;
+    const int limit = static_cast<int>((double(float(seconds)) + 1.0) * 20.0);
+    order.resize(std::min(order.size(), std::size_t(limit)));
+    std::sort(order.begin(), order.end());
+    return order;
+}
+
 } // namespace
 
 void PlainDetector::condition(AmplitudeImage& image, int sampleRate)
@@ -255,22 +273,10 @@ void PlainDetector::detect(AmplitudeImage& image, float overlap, int sampleRate,
         return;
     const std::vector<Blob> regions = measureRegions(image, labels, regionCount);
 
-    std::vector<int> order;
-    for (int i = 1; i <= regionCount; ++i)
-        order.push_back(i);
-    std::sort(order.begin(), order.end(), [&](int a, int b) {
-        const float scoreA = regions[a - 1].score;
-        const float scoreB = regions[b - 1].score;
-        return scoreA != scoreB ? scoreA > scoreB : a > b;
-    });
-    const int limit = static_cast<int>((double(float(sampleSize / sampleRate)) + 1.0) * 20.0);
-    order.resize(std::min(order.size(), std::size_t(limit)));
-    std::sort(order.begin(), order.end());
-
     const double o = static_cast<double>(overlap);
     const double windowSize = 2.0 * (image.bins() + 1);
     const double kiloHertzPerBin = sampleRate / 2000.0 / image.bins();
-    for (const int label : order) {
+    for (const int label : strongest(regions, sampleRate, sampleSize)) {
         const Blob& blob = regions[label - 1];
         if (double(blob.pixelCount) <= 0.9 / (4.0 - o * 0.04) * 40.0)
             continue;

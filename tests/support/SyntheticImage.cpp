@@ -33,25 +33,23 @@ void fillWithNoise(AmplitudeImage& image, Dice& dice)
     const int bins = image.bins();
     std::vector<float> real(bins);
     std::vector<float> imaginary(bins);
-    std::vector<float> level(bins);
     for (int bin = 0; bin < bins; ++bin) {
         real[bin] = dice.bell();
         imaginary[bin] = dice.bell();
-        level[bin] = 2e-5F * (1 + 20.0F * static_cast<float>(bins) / static_cast<float>(bins + 40 * bin));
     }
     for (int frame = 0; frame < image.frames(); ++frame) {
         float* row = image.row(frame);
         for (int bin = 0; bin < bins; ++bin) {
             real[bin] = memory * real[bin] + fresh * dice.bell();
             imaginary[bin] = memory * imaginary[bin] + fresh * dice.bell();
-            row[bin] = level[bin] * std::sqrt(real[bin] * real[bin] + imaginary[bin] * imaginary[bin]);
+            row[bin] = 2e-5F * std::sqrt(real[bin] * real[bin] + imaginary[bin] * imaginary[bin]);
         }
     }
 }
 
 void addCall(AmplitudeImage& image, int firstFrame, Dice& dice)
 {
-    const int length = 8 + dice.below(120);
+    const int length = 8 + dice.below(30 + dice.below(300));
     const float sweep = dice.roll() < 0.3F ? 0 : dice.roll() * 0.3F;
     const float low = 0.06F + 0.5F * dice.roll();
     const float loudness = 1e-3F * std::pow(300.0F, dice.roll());

@@ -3,8 +3,8 @@
 
 #include "dsp/AmplitudeImage.h"
 
-/// An image like that of a field recording, in quick made-up numbers: noise that falls off with the frequency
-/// and wanders slowly from frame to frame as overlapping frames do, and over it, every few hundred frames, a
+/// An image like that of a field recording, in quick made-up numbers: white noise
+/// that wanders slowly from frame to frame as overlapping frames do, and over it, every few hundred frames, a
 /// call that sweeps down, stays on a tone, or both, with a weaker echo behind it. The same seed gives the
 /// same image.
 AmplitudeImage syntheticImage(int frames, int bins, unsigned seed);
