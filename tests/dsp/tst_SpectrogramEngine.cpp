@@ -346,9 +346,10 @@ private slots:
         QCOMPARE(engine.compute(input, SpectrogramEngine::Both, result), SpectrogramEngine::Outcome::Stopped);
 
         stop = false;
+        engine.setThreadCount(1); // the thread that stops is not overtaken by another
         engine.setProgress([&](int) { stop = ++reports >= 3; });
         QCOMPARE(engine.compute(input, SpectrogramEngine::Both, result), SpectrogramEngine::Outcome::Stopped);
-        QVERIFY(reports < 10);
+        QCOMPARE(reports, 3);
         QVERIFY(result.decibels.isEmpty() && result.image.isNull());
         QCOMPARE(result.frames, 0);
     }
