@@ -1,7 +1,10 @@
+#include "recordings/GetFileInfoThread.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/viewer/BareFileList.h"
+#include "tools/WavBytes.h"
 #include "viewer/HeaderChain.h"
 
+#include <QThread>
 #include <QtTest>
 
 #include <memory>
@@ -27,6 +30,7 @@ private slots:
     void emptyAgain();
     void heldRowsStay();
     void evaluationClosesTheDoors();
+    void aFolderThatVanishesEndsTheChain();
 
 private:
     struct Request
@@ -333,6 +337,44 @@ void tst_HeaderChain::evaluationClosesTheDoors()
     QVERIFY(m_events.contains(QStringLiteral("closed")));
     answerAll();
     QCOMPARE(m_events.last(), QStringLiteral("open"));
+}
+
+void tst_HeaderChain::aFolderThatVanishesEndsTheChain()
+{
+    const QByteArray bytes = WavBytes().fmt(500000).data({1, 2, 3}).bytes();
+    for (int i = 0; i < 50; ++i) {
+        QFile file(m_folder->filePath(QStringLiteral("%1.wav").arg(i, 2, 10, QLatin1Char('0'))));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+    QThread thread;
+    GetFileInfoThread worker(*m_prompts);
+    worker.moveToThread(&thread);
+    HeaderChain chain(*m_session, m_files->pane, m_evaluated->pane, *m_prompts,
+                      {[&] { thread.start(); },
+                       [&] {
+                           thread.quit();
+                           thread.wait();
+                       }});
+    connect(&chain, &HeaderChain::signalGetFileHeaderInfo, &worker, &GetFileInfoThread::getFileHeaderInfo);
+    connect(&worker, &GetFileInfoThread::signalFileInfoHeaderFinished, &chain,
+            &HeaderChain::fileInfoHeaderFinished);
+    int read = 0;
+    connect(&m_files->pane, &FileListPane::rowFilled, [&] {
+        if (++read == 20)
+            QVERIFY(QFile::rename(m_folder->path(), m_folder->path() + QStringLiteral("_moved")));
+    });
+    chain.open(folder());
+    QTRY_VERIFY(!chain.isLoading());
+    QVERIFY(QFile::rename(m_folder->path() + QStringLiteral("_moved"), m_folder->path()));
+    QCOMPARE(read, 50);
+    QVERIFY(m_files->texts(3).first() != QLatin1String("N/A"));
+    QCOMPARE(m_files->texts(3).last(), QStringLiteral("N/A"));
+    QVERIFY(!thread.isRunning());
+    QCOMPARE(m_prompts->takeAsked(), QStringList());
+
+    chain.open(folder()); // the thread starts again
+    QTRY_VERIFY(!chain.isLoading());
+    QCOMPARE(m_files->texts(3).count(QStringLiteral("N/A")), 0);
 }
 
 QTEST_MAIN(tst_HeaderChain)
