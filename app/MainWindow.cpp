@@ -1,34 +1,47 @@
 #include "app/MainWindow.h"
 
 #include "app/FileActions.h"
+#include "app/KeyRouter.h"
 #include "app/MessageBoxPrompts.h"
 #include "app/PaintWatch.h"
 #include "app/PlotPanes.h"
 #include "app/WindowGeometry.h"
 #include "app/WorkerThreads.h"
 #include "base/SettingsStore.h"
+#include "classes/AssignmentController.h"
+#include "classes/ClassTreePane.h"
+#include "classes/DirectEdits.h"
+#include "classes/FileDeletion.h"
+#include "classes/FileListMenus.h"
+#include "classes/OpenModelDialog.h"
 #include "dsp/calcSpectrogramThread.h"
+#include "recordings/GetFileInfoThread.h"
 #include "recordings/RecordingFile.h"
 #include "recordings/RecordingSession.h"
+#include "recordings/rows/WriteFileBextThread.h"
 #include "ui_MainWindow.h"
 #include "viewer/AudioOutputName.h"
 #include "viewer/AxisPlotsPresenter.h"
 #include "viewer/DetectionOverlay.h"
+#include "viewer/FileListPane.h"
 #include "viewer/FileOpener.h"
 #include "viewer/FrequencyAxisView.h"
 #include "viewer/FrequencyMarkers.h"
+#include "viewer/HeaderChain.h"
 #include "viewer/MyQwtZoomer.h"
 #include "viewer/PlayCursor.h"
 #include "viewer/PlaybackController.h"
 #include "viewer/PlayerControls.h"
 #include "viewer/PlotAlignment.h"
 #include "viewer/RecordingLoader.h"
+#include "viewer/RecordingNavigator.h"
 #include "viewer/SelectionTool.h"
 #include "viewer/SpectrogramSettingsDialog.h"
 #include "viewer/SpectrogramView.h"
 #include "viewer/TimeAxisView.h"
 #include "viewer/ViewerPresenter.h"
 
+#include <QApplication>
 #include <QFontDatabase>
 #include <QStyle>
 #include <QThread>
@@ -60,9 +73,14 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), m_ui(std::make_un
     setUpPointer();
     setUpPlayback();
     setUpPresenters();
+    setUpLists();
+    setUpClasses();
+    setUpKeys();
     setUpWorkers();
     connectLoading();
     connectResult();
+    connectLists();
+    connectClasses();
     connectSettings();
     restoreSettings();
 }
@@ -72,6 +90,7 @@ MainWindow::~MainWindow()
     m_geometry->save();
     m_prompts->shutDown();
     m_spectrogramWorker->requestStop();
+    m_headerWorker->requestStop();
     delete m_playback; // it talks to settings, controls and samples until its end
     if (!m_workers->stop(stopMilliseconds))
         m_session.release(); // a computation still reads the samples; they go with the process
@@ -106,8 +125,6 @@ void MainWindow::setUpFrame()
     m_ui->actionCategorization->setVisible(automatic);
     m_ui->actionVantor_Folder_Evaluation->setVisible(automatic);
     m_ui->progressBar->hide();
-    m_ui->progressBar_2->hide();
-    m_ui->progressBar_3->hide();
     for (QLabel* label :
          {m_ui->labelDuration, m_ui->label_fileInfo, m_ui->label_18, m_ui->label_9, m_ui->label_21})
         label->hide(); // until there is something to say
@@ -164,9 +181,83 @@ void MainWindow::setUpPresenters()
     m_axisPlots = new AxisPlotsPresenter(*m_spectrogram, *m_timePlot, *m_frequencyPlot, *m_settings, this);
 }
 
+void MainWindow::setUpLists()
+{
+    using Purpose = FileListPane::Purpose;
+    m_folderList = new FileListPane({*m_ui->treeWidget_2, *m_ui->progressBar_2, *m_ui->label_21},
+                                    Purpose::Folder, *m_session, this);
+    m_evaluationList = new FileListPane({*m_ui->treeWidget_fileView, *m_ui->progressBar_3, *m_ui->label_9},
+                                        Purpose::Assignment, *m_session, this);
+    m_folderNavigator = new RecordingNavigator(*m_folderList, *m_session, this);
+    m_evaluationNavigator = new RecordingNavigator(*m_evaluationList, *m_session, this);
+    const HeaderChain::Thread thread{[this] { m_headerThread->start(); },
+                                     [this] {
+                                         m_headerThread->quit();
+                                         m_headerThread->wait(); // it has answered, so it is idle
+                                     }};
+    m_headers = new HeaderChain(*m_session, *m_folderList, *m_evaluationList, *m_prompts, thread, this);
+    m_opener->setLoadingCheck([this] { return m_headers->isLoading(); });
+}
+
+void MainWindow::setUpClasses()
+{
+    m_classTree = new ClassTreePane(*m_ui->treeWidget, *m_prompts);
+    m_classTree->setClassTree(ClassTree::simpleDefault());
+    m_assigning = new AssignmentController(*this, {m_evaluationList->list(), m_folderList->list()},
+                                           *m_classTree, *m_session, *m_prompts);
+    for (QTreeWidget* tree : {m_ui->treeWidget, m_ui->treeWidget_fileView, m_ui->treeWidget_2})
+        tree->setContextMenuPolicy(Qt::CustomContextMenu);
+    const auto menuWanted = &QWidget::customContextMenuRequested;
+    connect(m_ui->treeWidget, menuWanted, this, &MainWindow::rightClickMenu);
+    connect(m_ui->treeWidget_fileView, menuWanted, this, &MainWindow::rightClickMenu_fileView);
+    connect(m_ui->treeWidget_2, menuWanted, this, &MainWindow::rightClickMenu_2);
+}
+
+void MainWindow::setUpKeys()
+{
+    m_keys = new KeyRouter(*this, *m_session, this);
+    const auto keysOf = [this](FileListPane* pane, RecordingNavigator* navigator) {
+        KeyRouter::ListKeys keys;
+        keys.previous = [navigator] { navigator->previous(); };
+        keys.next = [navigator] { navigator->next(); };
+        keys.load = [navigator] { navigator->loadCurrent(); };
+        keys.editComment = [pane] { pane->editComment(pane->list().currentItem()); };
+        keys.remove = [this, pane] { m_assigning->deletion().deleteSelected(pane->list()); };
+        return keys;
+    };
+    m_keys->addList(m_folderList->list(), keysOf(m_folderList, m_folderNavigator));
+    KeyRouter::ListKeys evaluationKeys = keysOf(m_evaluationList, m_evaluationNavigator);
+    evaluationKeys.accept = [this] { m_evaluationList->toggleAccepted(); };
+    evaluationKeys.assign = [this](const QString& shortcut) {
+        return m_assigning->assignByShortcut(shortcut);
+    };
+    m_keys->addList(m_evaluationList->list(), evaluationKeys);
+    m_keys->addClassTree(
+        *m_ui->treeWidget, [this] { m_classTree->assignCurrent(); },
+        [this] { m_classTree->deleteCurrent(); });
+    m_keys->setPlayPause([this] { m_playback->togglePlay(); });
+    qApp->installEventFilter(this);
+}
+
+bool MainWindow::chooseClasses()
+{
+    OpenModelDialog dialog(m_classTree->classTree(), *m_prompts, this);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    m_classTree->setClassTree(dialog.classTree());
+    return true;
+}
+
 void MainWindow::setUpWorkers()
 {
     m_workers = std::make_unique<WorkerThreads>();
+    setUpSpectrogramWorker();
+    setUpHeaderWorker();
+    setUpWritingWorker();
+}
+
+void MainWindow::setUpSpectrogramWorker()
+{
     m_spectrogramWorker = new calcSpectrogramThread(*m_prompts, loadSamples);
     QThread* thread = m_workers->add(m_spectrogramWorker);
     connect(this, &MainWindow::signalCalcSpektrogramm, m_spectrogramWorker, &calcSpectrogramThread::process);
@@ -179,10 +270,82 @@ void MainWindow::setUpWorkers()
     thread->start();
 }
 
+void MainWindow::setUpHeaderWorker()
+{
+    m_headerWorker = new GetFileInfoThread(*m_prompts);
+    m_headerThread = m_workers->add(m_headerWorker);
+    connect(this, &MainWindow::signalGetFileHeaderInfo, m_headerWorker,
+            &GetFileInfoThread::getFileHeaderInfo);
+    connect(m_headerWorker, &GetFileInfoThread::signalFileInfoHeaderFinished, this,
+            &MainWindow::fileInfoHeaderFinished);
+    connect(m_headerWorker, &GetFileInfoThread::signalProgressBar, m_ui->progressBar,
+            &QProgressBar::setValue);
+}
+
+void MainWindow::setUpWritingWorker()
+{
+    using Worker = WriteFileBextThread;
+    m_writingWorker = new Worker;
+    QThread* thread = m_workers->add(m_writingWorker);
+    connect(this, &MainWindow::signalWriteFileBextExtended, m_writingWorker, &Worker::writeFileBextExtended);
+    connect(this, &MainWindow::signalRenameClassFile, m_writingWorker, &Worker::renameClassFile);
+    connect(this, &MainWindow::signalDeleteClassFile, m_writingWorker, &Worker::deleteClassFile);
+    connect(this, &MainWindow::signalUnassignFile, m_writingWorker, &Worker::unassignFile);
+    connect(this, &MainWindow::signalResetFile, m_writingWorker, &Worker::resetFile);
+    connect(m_writingWorker, &Worker::signalFileBextFinishedExtended, this,
+            &MainWindow::fileBextFinishedExtended);
+    connect(m_writingWorker, &Worker::signalRenameClassFile, this, &MainWindow::renameClassFileFinished);
+    connect(m_writingWorker, &Worker::signalDeleteClassFile, this, &MainWindow::deleteClassFileFinished);
+    connect(m_writingWorker, &Worker::signalUnassignFile, this, &MainWindow::unassignFileFinished);
+    connect(m_writingWorker, &Worker::signalResetFile, this, &MainWindow::resetFileFinished);
+    thread->start();
+}
+
+void MainWindow::connectLists()
+{
+    connect(m_opener, &FileOpener::folderWanted, m_headers, &HeaderChain::open);
+    connect(m_opener, &FileOpener::listInvalidated, m_headers, &HeaderChain::openSingleFile);
+    connect(m_headers, &HeaderChain::signalGetFileHeaderInfo, this, &MainWindow::signalGetFileHeaderInfo);
+    connect(m_headers, &HeaderChain::recordingWanted, this, &MainWindow::plot_Data);
+    connect(m_headers, &HeaderChain::viewModeChanged, m_panes, &PlotPanes::showListsOf);
+    connect(m_headers, &HeaderChain::listCompleteChanged, this,
+            [this](bool complete) { m_fileActions->setListComplete(complete); });
+    connect(m_headers, &HeaderChain::openingAllowedChanged, this,
+            [this](bool allowed) { m_fileActions->setOpeningEnabled(allowed); });
+    connect(m_folderNavigator, &RecordingNavigator::recordingWanted, this, &MainWindow::plot_Data);
+    connect(m_evaluationNavigator, &RecordingNavigator::recordingWanted, this, &MainWindow::plot_Data);
+}
+
+void MainWindow::connectClasses()
+{
+    using Controller = AssignmentController;
+    connect(m_evaluationList, &FileListPane::rowsCleared, m_classTree, &ClassTreePane::clearCounts);
+    connect(m_evaluationList, &FileListPane::rowFilled, m_classTree, &ClassTreePane::countAdded);
+    connect(m_evaluationList, &FileListPane::acceptToggled, &m_assigning->directEdits(),
+            &DirectEdits::acceptProposal);
+    for (FileListPane* pane : {m_folderList, m_evaluationList})
+        connect(pane, &FileListPane::commentEdited, &m_assigning->directEdits(), &DirectEdits::setComment);
+    connect(m_headers, &HeaderChain::listCompleteChanged, m_assigning, &Controller::setListComplete);
+    connect(m_classTree, &ClassTreePane::assignButtonClicked, this, &MainWindow::assignFileToClass);
+
+    connect(m_assigning, &Controller::signalWriteFileBextExtended, this,
+            &MainWindow::signalWriteFileBextExtended);
+    connect(m_assigning, &Controller::signalRenameClassFile, this, &MainWindow::signalRenameClassFile);
+    connect(m_assigning, &Controller::signalDeleteClassFile, this, &MainWindow::signalDeleteClassFile);
+    connect(m_assigning, &Controller::signalUnassignFile, this, &MainWindow::signalUnassignFile);
+    connect(m_assigning, &Controller::signalResetFile, this, &MainWindow::signalResetFile);
+    connect(m_assigning, &Controller::runningChanged, m_headers, &HeaderChain::setRowsHeld);
+    connect(m_assigning, &Controller::rowToBeLoaded, m_evaluationNavigator, &RecordingNavigator::show);
+    connect(m_assigning, &Controller::reloadAfterReset, m_headers,
+            [this] { m_headers->open(FolderTask::afterReset(m_session->folder, m_session->viewMode)); });
+    connect(&m_assigning->deletion(), &FileDeletion::recordingsDeleted, this, [this](QTreeWidget* list) {
+        (list == &m_folderList->list() ? m_folderList : m_evaluationList)->selectionChanged();
+    });
+}
+
 void MainWindow::connectLoading()
 {
     connect(m_opener, &FileOpener::recordingWanted, this, &MainWindow::plot_Data);
-    connect(m_opener, &FileOpener::listInvalidated, this, [this] { m_fileActions->setListComplete(false); });
 
     connect(m_loader, &RecordingLoader::signalCalcSpektrogramm, this, &MainWindow::signalCalcSpektrogramm);
     connect(m_loader, &RecordingLoader::clearing, m_playback, &PlaybackController::clearRecording);

@@ -13,24 +13,34 @@
 #include <unordered_map>
 #include <vector>
 
+class QTreeWidgetItem;
+
 namespace Ui {
 class MainWindow;
 }
 
+class AssignmentController;
 class AxisPlotsPresenter;
+class ClassTreePane;
 class DetectionOverlay;
 class FileActions;
+class FileListPane;
 class FileOpener;
 class FrequencyAxisView;
 class FrequencyMarkers;
+class GetFileInfoThread;
+class HeaderChain;
+class KeyRouter;
 class MessageBoxPrompts;
 class PaintWatch;
+class QThread;
 class PlayCursor;
 class PlaybackController;
 class PlayerControls;
 class PlotPanes;
 class RecordingFile;
 class RecordingLoader;
+class RecordingNavigator;
 class SelectionTool;
 class SettingsStore;
 class SpectrogramSettingsDialog;
@@ -39,6 +49,7 @@ class TimeAxisView;
 class ViewerPresenter;
 class WindowGeometry;
 class WorkerThreads;
+class WriteFileBextThread;
 class calcSpectrogramThread;
 struct RecordingSession;
 
@@ -67,6 +78,18 @@ signals:
     void signalCalcSpektrogramm(int sampleSize, int bitsPerSample, int windowSize, float frameSize,
                                 QString window, double overlap, std::vector<int>* timedata, int sampleRate,
                                 bool categorize);
+    void signalGetFileHeaderInfo(int index, const QString& filePath, bool calcClasses,
+                                 const QString& recorderResultFileName, int reviewMode);
+    void signalWriteFileBextExtended(int index, const QString& wavDirectory, QTreeWidgetItem* classItem,
+                                     const QList<QTreeWidgetItem*>& selectedFileItems);
+    void signalRenameClassFile(int index, const QString& wavDirectory, const QString& oldClassName,
+                               const QString& newClassName, const QList<QTreeWidgetItem*>& selectedFileItems);
+    void signalDeleteClassFile(int index, const QString& wavDirectory, const QString& deleteClassName,
+                               const QList<QTreeWidgetItem*>& selectedFileItems);
+    void signalUnassignFile(int index, const QString& wavDirectory,
+                            const QList<QTreeWidgetItem*>& selectedFileItems);
+    void signalResetFile(int index, const QString& wavDirectory,
+                         const QList<QTreeWidgetItem*>& selectedFileItems);
     /// The spectrogram of a loaded recording has been painted on the screen.
     void spectrogramPainted();
     /// A recording was asked for and cannot be shown.
@@ -113,6 +136,50 @@ public slots:
     void on_actionOpen_File_triggered();
     void on_actionOpen_Folder_triggered();
 
+    // File lists
+    void fileInfoHeaderFinished(int index, const QString& batClass, const QString& batClass2,
+                                const QString& batClass3, const QString& batClass4, const QString& autoClass,
+                                const QString& accepted, const QString& length, const QString& date,
+                                const QString& time, const QString& comment);
+    void restartFileHeaderLoading();
+    void on_treeWidget_fileView_itemDoubleClicked(QTreeWidgetItem* item, int column);
+    void on_treeWidget_fileView_itemChanged(QTreeWidgetItem* item, int column);
+    void on_treeWidget_fileView_itemSelectionChanged();
+    void on_treeWidget_2_itemDoubleClicked(QTreeWidgetItem* item, int column);
+    void on_treeWidget_2_itemChanged(QTreeWidgetItem* item, int column);
+    void on_treeWidget_2_itemSelectionChanged();
+    void on_pushButton_3_clicked();
+    void on_pushButton_4_clicked();
+    void on_pushButton_7_clicked();
+    void on_pushButton_8_clicked();
+
+    // Classes
+    void on_actionEvaluate_Folder_triggered();
+    void on_treeWidget_itemDoubleClicked(QTreeWidgetItem* item, int column);
+    void rightClickMenu(const QPoint& pos);
+    void rightClickMenu_fileView(const QPoint& pos);
+    void rightClickMenu_2(const QPoint& pos);
+    void assignFileToClass();
+    void reassign1triggered();
+    void reassign2triggered();
+    void reassign3triggered();
+    void reassign4triggered();
+    void unassign1triggered();
+    void unassign2triggered();
+    void unassign3triggered();
+    void unassign4triggered();
+    void fileBextFinishedExtended(int index, const QString& wavDirectory, QTreeWidgetItem* classItem,
+                                  const QList<QTreeWidgetItem*>& selectedFileItems, bool success);
+    void renameClassFileFinished(int index, const QString& wavDirectory, const QString& oldClassName,
+                                 const QString& newClassName,
+                                 const QList<QTreeWidgetItem*>& selectedFileItems, bool success);
+    void deleteClassFileFinished(int index, const QString& wavDirectory, const QString& deleteClassName,
+                                 const QList<QTreeWidgetItem*>& selectedFileItems, bool success);
+    void unassignFileFinished(int index, const QString& wavDirectory,
+                              const QList<QTreeWidgetItem*>& selectedFileItems, bool success);
+    void resetFileFinished(int index, const QString& wavDirectory,
+                           const QList<QTreeWidgetItem*>& selectedFileItems, bool success);
+
     // Settings
     void on_actionSpectrogram_Settings_triggered();
     void on_actionAxis_Plots_Settings_triggered();
@@ -134,6 +201,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void setUpFrame();
@@ -141,9 +209,18 @@ private:
     void setUpPointer();
     void setUpPlayback();
     void setUpPresenters();
+    void setUpLists();
+    void setUpClasses();
+    void setUpKeys();
     void setUpWorkers();
+    bool chooseClasses();
+    void setUpSpectrogramWorker();
+    void setUpHeaderWorker();
+    void setUpWritingWorker();
     void connectLoading();
     void connectResult();
+    void connectLists();
+    void connectClasses();
     void connectSettings();
     void restoreSettings();
 
@@ -170,11 +247,23 @@ private:
     SpectrogramSettingsDialog* m_settingsDialog = nullptr;
     PlotPanes* m_panes = nullptr;
     FileOpener* m_opener = nullptr;
+    FileListPane* m_folderList = nullptr;
+    FileListPane* m_evaluationList = nullptr;
+    RecordingNavigator* m_folderNavigator = nullptr;
+    RecordingNavigator* m_evaluationNavigator = nullptr;
+    HeaderChain* m_headers = nullptr;
+    ClassTreePane* m_classTree = nullptr;
+    AssignmentController* m_assigning = nullptr;
+    KeyRouter* m_keys = nullptr;
     RecordingLoader* m_loader = nullptr;
     ViewerPresenter* m_presenter = nullptr;
     AxisPlotsPresenter* m_axisPlots = nullptr;
 
-    calcSpectrogramThread* m_spectrogramWorker = nullptr; // owned by m_workers
+    // Owned by m_workers.
+    calcSpectrogramThread* m_spectrogramWorker = nullptr;
+    GetFileInfoThread* m_headerWorker = nullptr;
+    QThread* m_headerThread = nullptr; // runs only while headers are read
+    WriteFileBextThread* m_writingWorker = nullptr;
 };
 
 #endif

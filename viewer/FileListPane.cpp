@@ -163,6 +163,7 @@ void FileListPane::itemChanged(QTreeWidgetItem* item, int column)
 {
     if (column != RowItem::Comment || !m_commentDelegate->isCommitting())
         return;
+    m_commentDelegate->endCommit(); // the receiver of the signal changes the row again
     const QString comment = item->text(RowItem::Comment);
     {
         const QSignalBlocker quiet(m_list);
