@@ -18,6 +18,7 @@ class tst_KeyRouter : public QObject
 private slots:
     void initTestCase();
     void init();
+    void cleanupTestCase() { qApp->removeEventFilter(this); }
 
     void keys_data();
     void keys();
