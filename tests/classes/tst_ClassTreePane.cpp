@@ -23,14 +23,11 @@ class tst_ClassTreePane : public QObject
 
 private slots:
     void showsATree();
-    void menus_data();
     void menus();
     void addsAndChangesClasses_data();
     void addsAndChangesClasses();
     void namesThatAreRefused_data();
     void namesThatAreRefused();
-    void renamedClassIsNamedEverywhere();
-    void keysOfTheCurrentRow();
     void heldCountsWait();
     void savesTheModel();
     void modelDialogTrees();
@@ -51,7 +48,7 @@ QAction* tst_ClassTreePane::entry(const QMenu& menu, const QString& text)
 
 void tst_ClassTreePane::showsATree()
 {
-    const ClassDesk desk("Pip<A> .Pnat<Q> Nyc", {"Pip|", "Pip + Pnat|", "|"});
+    ClassDesk desk("Pip<A> .Pnat<Q> Nyc", {"Pip|", "Pip + Pnat|", "|"});
     const auto headers = [&](int column) { return desk.tree.headerItem()->text(column); };
     QCOMPARE(headers(0) + '|' + headers(1) + '|' + headers(2) + '|' + headers(3),
              QStringLiteral("class|count|shortcut|"));
@@ -66,45 +63,36 @@ void tst_ClassTreePane::showsATree()
     QCOMPARE(toolTip(desk.pane.itemOf("Pnat")),
              QStringLiteral("Assign selected file/s to subclass \"Pnat\""));
     QCOMPARE(toolTip(desk.tree.topLevelItem(2)), QString());
+    desk.pane.rename(desk.pane.itemOf("Pnat"), "Bat");
+    QCOMPARE(toolTip(desk.pane.itemOf("Bat")), QStringLiteral("Assign selected file/s to subclass \"Bat\""));
     QVERIFY(!desk.pane.itemOf(ClassTree::unassigned()));
     QVERIFY(!desk.pane.itemOfShortcut(QString()));
 }
 
-void tst_ClassTreePane::menus_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("inWindow");
-    QTest::addColumn<QString>("expected");
-
-    QTest::newRow("nothing") << "" << true << "&Add class|&Save class model";
-    QTest::newRow("unassigned") << "Unassigned" << true << "&Add class|&Save class model";
-    QTest::newRow("class") << "Pip" << true
-                           << "&Add class|&Add subclass|&Delete class|&Change shortcut|&Rename class|"
-                              "&Save class model";
-    QTest::newRow("subclass") << "Pnat" << true
-                              << "&Delete subclass|&Change shortcut|&Rename subclass|&Save class model";
-    QTest::newRow("class in the dialog")
-        << "Pip" << false << "&Add class|&Add subclass|&Delete class|&Change shortcut|&Rename class";
-}
-
 void tst_ClassTreePane::menus()
 {
-    QFETCH(QString, name);
-    QFETCH(bool, inWindow);
-
     ScriptedPrompts prompts;
     QTreeWidget tree;
-    tree.setColumnCount(3);
+    tree.setColumnCount(2);
     new QTreeWidgetItem(&tree, {ClassTree::unassigned()});
-    ClassTreeEditor editor(
-        tree, 2, inWindow ? ClassTreeEditor::Saving::InMenu : ClassTreeEditor::Saving::Elsewhere, prompts);
-    editor.show(ClassDesk::treeOf("Pip<A> .Pnat<Q>"));
-    const std::unique_ptr<QMenu> menu =
-        editor.menuFor(tree.findItems(name, Qt::MatchExactly | Qt::MatchRecursive).value(0));
-    QStringList texts;
-    for (const QAction* action : menu->actions())
-        texts.append(action->text());
-    QTEST(texts.join('|'), "expected");
+    const auto texts = [&](ClassTreeEditor::Saving saving, const QString& name) {
+        ClassTreeEditor editor(tree, 1, saving, prompts);
+        editor.show(ClassDesk::treeOf("Pip<A> .Pnat<Q>"));
+        QTreeWidgetItem* item = tree.findItems(name, Qt::MatchExactly | Qt::MatchRecursive).value(0);
+        QStringList entries;
+        const std::unique_ptr<QMenu> menu = editor.menuFor(item);
+        for (const QAction* action : menu->actions())
+            entries.append(action->text());
+        return entries.join(' ').remove('&');
+    };
+    const auto inMenu = ClassTreeEditor::Saving::InMenu;
+    QCOMPARE(texts(inMenu, ""), QStringLiteral("Add class Save class model"));
+    QCOMPARE(texts(inMenu, "Unassigned"), QStringLiteral("Add class Save class model"));
+    QCOMPARE(texts(inMenu, "Pnat"),
+             QStringLiteral("Delete subclass Change shortcut Rename subclass Save class model"));
+    const QString ofClass = "Add class Add subclass Delete class Change shortcut Rename class";
+    QCOMPARE(texts(inMenu, "Pip"), ofClass + " Save class model");
+    QCOMPARE(texts(ClassTreeEditor::Saving::Elsewhere, "Pip"), ofClass);
 }
 
 void tst_ClassTreePane::addsAndChangesClasses_data()
@@ -117,62 +105,24 @@ void tst_ClassTreePane::addsAndChangesClasses_data()
     QTest::addColumn<QString>("after");
     QTest::addColumn<QString>("asked");
 
-    const QString classTitle = "Set new class parameter";
-    const QString subclassTitle = "Set new subclass parameter";
-    const QString exists = "warning|Warning|Name already exists.";
-    QTest::newRow("below a class") << "Pip"
-                                   << "&Add class" << classTitle << "Myo"
-                                   << "<B>"
-                                   << "Pip<A> .Pnat<Q> Myo<B> Nyc<S>"
-                                   << "";
-    QTest::newRow("on no row") << ""
-                               << "&Add class" << classTitle << "Myo"
-                               << "none"
-                               << "Myo Pip<A> .Pnat<Q> Nyc<S>"
-                               << "";
-    QTest::newRow("on the last row") << "Unassigned"
-                                     << "&Add class" << classTitle << "Myo"
-                                     << "<B>"
-                                     << "Pip<A> .Pnat<Q> Nyc<S> Myo<B>"
-                                     << "";
-    QTest::newRow("subclass") << "Pip"
-                              << "&Add subclass" << subclassTitle << "PpPn"
-                              << "<W>"
-                              << "Pip<A> .Pnat<Q> .PpPn<W> Nyc<S>"
-                              << "";
-    QTest::newRow("blanks around") << "Nyc"
-                                   << "&Add subclass" << subclassTitle << "  Nlow "
-                                   << "none"
-                                   << "Pip<A> .Pnat<Q> Nyc<S> .Nlow"
-                                   << "";
-    QTest::newRow("name of a subclass") << "Pip"
-                                        << "&Add class" << classTitle << "Pnat"
-                                        << "<B>"
-                                        << "Pip<A> .Pnat<Q> Nyc<S>" << exists;
-    QTest::newRow("unassigned") << "Pip"
-                                << "&Add class" << classTitle << "Unassigned"
-                                << "<B>"
-                                << "Pip<A> .Pnat<Q> Nyc<S>" << exists;
-    QTest::newRow("shortcut") << "Pnat"
-                              << "&Change shortcut"
-                              << "Set new shortcut"
-                              << ""
-                              << "<Z>"
-                              << "Pip<A> .Pnat<Z> Nyc<S>"
-                              << "";
-    QTest::newRow("no shortcut") << "Pnat"
-                                 << "&Change shortcut"
-                                 << "Set new shortcut"
-                                 << ""
-                                 << "none"
-                                 << "Pip<A> .Pnat Nyc<S>"
-                                 << "";
-    QTest::newRow("rename to a present name") << "Pip"
-                                              << "&Rename class"
-                                              << "Rename class"
-                                              << "Nyc"
-                                              << ""
-                                              << "Pip<A> .Pnat<Q> Nyc<S>" << exists;
+    const auto row = [](const char* name, const char* on, const char* action, const char* title,
+                        const char* typed, const char* shortcut, const char* after, const char* asked = "") {
+        QTest::newRow(name) << on << action << title << typed << shortcut << after << asked;
+    };
+    const char adding[] = "Set new class parameter";
+    const char addingBelow[] = "Set new subclass parameter";
+    const char changing[] = "Set new shortcut";
+    const char before[] = "Pip<A> .Pnat<Q> Nyc<S>";
+    const char exists[] = "warning|Warning|Name already exists.";
+    row("below a class", "Pip", "&Add class", adding, "Myo", "<B>", "Pip<A> .Pnat<Q> Myo<B> Nyc<S>");
+    row("on no row", "", "&Add class", adding, "Myo", "none", "Myo Pip<A> .Pnat<Q> Nyc<S>");
+    row("on the last row", "Unassigned", "&Add class", adding, "Myo", "<B>", "Pip<A> .Pnat<Q> Nyc<S> Myo<B>");
+    row("subclass", "Nyc", "&Add subclass", addingBelow, " Nlow ", "none", "Pip<A> .Pnat<Q> Nyc<S> .Nlow");
+    row("name of a subclass", "Pip", "&Add class", adding, "Pnat", "<B>", before, exists);
+    row("unassigned", "Pip", "&Add class", adding, "Unassigned", "<B>", before, exists);
+    row("shortcut", "Pnat", "&Change shortcut", changing, "", "<Z>", "Pip<A> .Pnat<Z> Nyc<S>");
+    row("no shortcut", "Pnat", "&Change shortcut", changing, "", "none", "Pip<A> .Pnat Nyc<S>");
+    row("rename", "Pip", "&Rename class", "Rename class", "Nyc", "", before, exists);
 }
 
 /// The same in the tree of the main window and in that of the model dialog.
@@ -254,41 +204,6 @@ void tst_ClassTreePane::namesThatAreRefused()
                                       : QStringList());
     dialog.reject();
     QVERIFY(!dialog.isVisible());
-}
-
-void tst_ClassTreePane::renamedClassIsNamedEverywhere()
-{
-    ClassDesk desk("Pip<A>", {"Pip|", "Bat|"});
-    desk.pane.rename(desk.pane.itemOf("Pip"), "Bat");
-    QCOMPARE(desk.counts(), QStringLiteral("Bat=1"));
-    QCOMPARE(desk.tree.itemWidget(desk.pane.itemOf("Bat"), ClassTreePane::AssignButton)->toolTip(),
-             QStringLiteral("Assign selected file/s to class \"Bat\""));
-}
-
-void tst_ClassTreePane::keysOfTheCurrentRow()
-{
-    ScriptedPrompts prompts;
-    QTreeWidget tree;
-    ClassTreePane pane(tree, prompts);
-    pane.setClassTree(ClassDesk::treeOf("Pip<A>"));
-    QStringList heard;
-    connect(&pane, &ClassTreePane::assignButtonClicked, this,
-            [&] { heard.append("assign " + pane.clickedClass()->text(0)); });
-    connect(&pane, &ClassTreePane::fileWanted, this,
-            [&](const QString& name) { heard.append("file " + name); });
-    connect(&pane, &ClassTreePane::deletionWanted, this,
-            [&](const QTreeWidgetItem* item) { heard.append("delete " + item->text(0)); });
-    const auto press = [&] {
-        pane.assignCurrent();
-        pane.activateCurrent();
-        pane.deleteCurrent();
-    };
-    press(); // no row is current
-    tree.setCurrentItem(tree.topLevelItem(0));
-    press();
-    tree.setCurrentItem(tree.topLevelItem(1));
-    press();
-    QCOMPARE(heard, QStringList({"assign Pip", "file Pip", "delete Pip", "file ", "file "}));
 }
 
 /// The worker reads the row of a class: while it may, only showCounts() changes that.
