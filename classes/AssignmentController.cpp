@@ -39,7 +39,7 @@ AssignmentController::AssignmentController(QWidget& window, const Lists& lists, 
       m_deletion(std::make_unique<FileDeletion>(lists.evaluation, classes, session, *m_run, prompts)),
       m_menus(std::make_unique<FileListMenus>(*this, lists.evaluation, lists.folder, classes))
 {
-    connect(m_run, &FileRun::activeChanged, this, &AssignmentController::runningChanged);
+    connect(m_run, &FileRun::rowsInUseChanged, this, &AssignmentController::rowsInUseChanged);
     connect(&m_classes, &ClassTreePane::deletionWanted, this, &AssignmentController::deleteClass);
     connect(&m_classes, &ClassTreePane::renamingWanted, this, &AssignmentController::renameClass);
     connect(&m_classes, &ClassTreePane::fileWanted, this, &AssignmentController::showFirstFileOf);
@@ -57,6 +57,7 @@ void AssignmentController::assign(QTreeWidgetItem* classItem)
 {
     if (isRunning())
         return;
+    const FileRun::RowsInUse use(*m_run);
     const QList<QTreeWidgetItem*> selected = selectedRecordings(m_lists.evaluation);
     const bool asksAboutNoCall = m_session.viewMode < firstModeWithFixedTree;
     const AssignmentPlan plan(classItem->text(ClassTreePane::Name), recordsOf(selected), asksAboutNoCall);

@@ -49,7 +49,7 @@ public:
     FileDeletion& deletion() { return *m_deletion; }
     FileListMenus& menus() { return *m_menus; }
 
-    /// A run is active: nothing may be opened, and no row changed or removed by others.
+    /// A run is active: its gestures are ignored, and no row is to be changed or removed by others.
     bool isRunning() const { return m_run->isActive(); }
     /// Whether the headers of all rows have been read. Until then classes are not renamed or deleted, and
     /// files not reset: rows still to come would be missed.
@@ -102,8 +102,9 @@ signals:
     void signalResetFile(int index, const QString& wavDirectory,
                          const QList<QTreeWidgetItem*>& selectedFileItems);
 
-    /// A run begins or ends.
-    void runningChanged(bool running);
+    /// From a gesture's first question to the end of its run: no list is to be made anew, and nothing opened
+    /// that would.
+    void rowsInUseChanged(bool inUse);
     /// The row has been made current and is to be loaded.
     void rowToBeLoaded(QTreeWidgetItem* row);
     /// All files have been reset and the class tree has been replaced: list the folder's WAV files again and

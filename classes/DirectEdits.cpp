@@ -66,6 +66,7 @@ void DirectEdits::reassign(int slot)
             QStringLiteral("Please add new class to class tree, before reassigning class %1.").arg(slot + 1));
         return;
     }
+    const FileRun::RowsInUse use(m_run);
     const QList<QTreeWidgetItem*> rows = selectedRecordings(m_list);
     const QVector<ClassRecord> records = recordsOf(rows);
     if (m_run.isActive() || !AssignmentPlan::anyHasSlot(slot, records))

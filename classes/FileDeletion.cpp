@@ -19,6 +19,7 @@ FileDeletion::FileDeletion(QTreeWidget& countedList, ClassTreePane& classes, con
 
 void FileDeletion::deleteSelected(QTreeWidget& list)
 {
+    const FileRun::RowsInUse use(m_run);
     const QList<QTreeWidgetItem*> rows = selectedRows(list);
     if (rows.isEmpty() || m_run.isActive() || !confirms(rows))
         return;

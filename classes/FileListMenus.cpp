@@ -54,7 +54,7 @@ std::unique_ptr<QMenu> FileListMenus::evaluationMenu()
     if (!rows.isEmpty()) {
         addDeletion(*menu, m_evaluation, rows.size());
         menu->addSeparator();
-        addExports(*menu, rows);
+        addExports(*menu, m_evaluation, rows.size());
     }
     return menu;
 }
@@ -64,7 +64,7 @@ std::unique_ptr<QMenu> FileListMenus::folderMenu()
     auto menu = std::make_unique<QMenu>(&m_folder);
     const QList<QTreeWidgetItem*> rows = selectedRows(m_folder);
     if (!rows.isEmpty()) {
-        addExports(*menu, rows);
+        addExports(*menu, m_folder, rows.size());
         menu->addSeparator();
         addDeletion(*menu, m_folder, rows.size());
     }
@@ -113,14 +113,14 @@ void FileListMenus::addSlots(QMenu& menu)
                         &AssignmentController::unassignAllClasses);
 }
 
-void FileListMenus::addExports(QMenu& menu, const QList<QTreeWidgetItem*>& rows)
+void FileListMenus::addExports(QMenu& menu, const QTreeWidget& list, int count)
 {
-    const QString subject = rows.size() == 1 ? QStringLiteral("&Export selected file as ")
-                                             : QStringLiteral("&Export selected files as ");
+    const QString subject = count == 1 ? QStringLiteral("&Export selected file as ")
+                                       : QStringLiteral("&Export selected files as ");
     menu.addAction(icon("csv_export.png"), subject + QStringLiteral("CSV file"), this,
-                   [this, rows] { emit csvExportWanted(rows); });
+                   [this, &list] { emit csvExportWanted(selectedRows(list)); });
     menu.addAction(icon("vantor_export.png"), subject + QStringLiteral("Vantor file"), this,
-                   [this, rows] { emit vantorExportWanted(rows); });
+                   [this, &list] { emit vantorExportWanted(selectedRows(list)); });
 }
 
 void FileListMenus::addDeletion(QMenu& menu, QTreeWidget& list, int count)

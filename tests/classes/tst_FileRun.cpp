@@ -82,7 +82,7 @@ FileRun::Setup tst_FileRun::setup(int count, bool cancellable)
 
 void tst_FileRun::runWithoutFiles()
 {
-    QSignalSpy active(m_run, &FileRun::activeChanged);
+    QSignalSpy active(m_run, &FileRun::rowsInUseChanged);
     run().start(setup(0), [this](int index) { m_requests.append(index); });
     QCOMPARE(m_completed, std::optional(true));
     QVERIFY(m_requests.isEmpty() && active.isEmpty() && !progress());
@@ -90,8 +90,11 @@ void tst_FileRun::runWithoutFiles()
 
 void tst_FileRun::requestsFollowAnswers()
 {
-    QSignalSpy active(m_run, &FileRun::activeChanged);
-    run().start(setup(3), [this](int index) { m_requests.append(index); });
+    QSignalSpy active(m_run, &FileRun::rowsInUseChanged);
+    {
+        const FileRun::RowsInUse question(run());
+        run().start(setup(3), [this](int index) { m_requests.append(index); });
+    }
     run().answered(1, true); // nobody asked for it
     QCOMPARE(m_requests, QVector<int>({0}));
     run().answered(0, true);
