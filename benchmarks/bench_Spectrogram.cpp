@@ -136,7 +136,7 @@ void spectrogram(benchmark::State& state)
     std::array<std::vector<double>, 4> times;
     std::array<std::size_t, 4> order{0, 1, 2, 3};
     std::minstd_rand random(1);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         // What one version leaves behind in the system's memory, the next one pays for.
         std::shuffle(order.begin(), order.end(), random);
         for (const std::size_t version : order)
