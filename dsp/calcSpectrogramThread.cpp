@@ -1,7 +1,7 @@
 #include "dsp/calcSpectrogramThread.h"
 
 #include "dsp/CallDetector.h"
-#include "dsp/MatrixLimit.h"
+#include "dsp/FileClassification.h"
 
 #include <QDebug>
 
@@ -51,7 +51,7 @@ void calcSpectrogramThread::process(int sampleSize, int bitsPerSample, int windo
 
     Spectrogram result;
     const auto outputs = categorize ? SpectrogramEngine::Both : SpectrogramEngine::Decibels;
-    if (!compute(input, outputs, true, result))
+    if (!compute(input, outputs, result))
         return;
     std::unordered_map<int, Blob> blobs;
     QStringList classes;
@@ -78,33 +78,21 @@ void calcSpectrogramThread::processVantor(int index, const QString& wavDirectory
                                                                      "aborted!"));
         return;
     }
-    const auto sampleCount = static_cast<qint64>(recording.samples.size());
-    const float overlap = MatrixLimit::reducedForVantor(sampleCount, 87.5F);
-    SpectrogramInput input;
-    input.samples = recording.samples.data();
-    input.bitsPerSample = recording.bitsPerSample;
-    input.window = QStringLiteral("Hamming");
-    input.geometry = SpectrogramGeometry::ofSingle(sampleCount, 512, 100, overlap);
-
-    Spectrogram result;
-    if (!compute(input, SpectrogramEngine::Image, false, result))
-        return;
-    std::unordered_map<int, Blob> blobs;
     QStringList classes;
-    QList<MyBatCall> calls;
-    CallDetector::detect(result.image, overlap, recording.sampleRate, static_cast<int>(sampleCount), blobs,
-                         classes, calls);
-    if (!m_stop)
+    const auto outcome =
+        detectFileClasses(recording.samples, recording.bitsPerSample, recording.sampleRate, m_stop, &classes);
+    if (outcome == SpectrogramEngine::Outcome::TooLarge)
+        emit error(tooLargeText(fileClassGeometry(static_cast<qint64>(recording.samples.size()))));
+    else if (outcome == SpectrogramEngine::Outcome::Complete && !m_stop)
         emit vantorFinished(index, classes);
 }
 
 bool calcSpectrogramThread::compute(const SpectrogramInput& input, SpectrogramEngine::Output outputs,
-                                    bool reportsProgress, Spectrogram& result)
+                                    Spectrogram& result)
 {
     SpectrogramEngine engine;
     engine.setStopFlag(&m_stop);
-    if (reportsProgress)
-        engine.setProgress([this](int percent) { emit signalProgressBar(percent); });
+    engine.setProgress([this](int percent) { emit signalProgressBar(percent); });
     const auto outcome = engine.compute(input, outputs, result);
     if (outcome == SpectrogramEngine::Outcome::TooLarge)
         emit error(tooLargeText(input.geometry));

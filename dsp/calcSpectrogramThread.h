@@ -69,8 +69,7 @@ signals:
 
 private:
     /// False where there is no result to go on with; what is to be said about it has been said.
-    bool compute(const SpectrogramInput& input, SpectrogramEngine::Output outputs, bool reportsProgress,
-                 Spectrogram& result);
+    bool compute(const SpectrogramInput& input, SpectrogramEngine::Output outputs, Spectrogram& result);
 
     UserPrompts& m_prompts;
     Loader m_loader;

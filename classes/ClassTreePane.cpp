@@ -1,0 +1,216 @@
+#include "classes/ClassTreePane.h"
+
+#include "classes/ClassTreeEditor.h"
+
+#include <QHeaderView>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
+
+namespace {
+
+constexpr int countInterval = 40; // ms; thousands of rows may be filled in a second
+
+} // namespace
+
+ClassTreePane::ClassTreePane(QTreeWidget& tree, UserPrompts& prompts)
+    : QObject(&tree),
+      m_tree(tree),
+      m_editor(new ClassTreeEditor(tree, Shortcut, ClassTreeEditor::Saving::InMenu, prompts))
+{
+    setUpColumns();
+    m_unassigned = new QTreeWidgetItem(&m_tree, {ClassTree::unassigned(), QStringLiteral("0")});
+    describe(m_unassigned);
+    m_tree.installEventFilter(this);
+    m_countTimer.setSingleShot(true);
+    m_countTimer.setInterval(countInterval);
+    connect(&m_countTimer, &QTimer::timeout, this, [this] {
+        if (m_countsOutdated && !m_countsHeld)
+            showCounts();
+    });
+    connect(m_editor, &ClassTreeEditor::classAdded, this, &ClassTreePane::addButton);
+    connect(m_editor, &ClassTreeEditor::removalWanted, this, &ClassTreePane::deletionWanted);
+    connect(m_editor, &ClassTreeEditor::renamingWanted, this, &ClassTreePane::renamingWanted);
+}
+
+void ClassTreePane::setUpColumns()
+{
+    m_tree.setColumnCount(ColumnCount);
+    m_tree.setHeaderLabels(
+        {QStringLiteral("class"), QStringLiteral("count"), QStringLiteral("shortcut"), QString()});
+    QHeaderView* header = m_tree.header();
+    header->setStretchLastSection(false);
+    header->setSectionResizeMode(QHeaderView::Interactive);
+    header->setSectionResizeMode(Name, QHeaderView::Stretch);
+    header->setSectionResizeMode(AssignButton, QHeaderView::Fixed);
+    const QFontMetrics metrics(m_tree.font());
+    const int margin = 2 * metrics.averageCharWidth() + 8;
+    header->setMinimumSectionSize(margin);
+    header->resizeSection(Count, metrics.horizontalAdvance(QStringLiteral("000000")) + margin);
+    header->resizeSection(Shortcut, metrics.horizontalAdvance(QStringLiteral("shortcut")) + margin);
+    header->resizeSection(AssignButton, m_tree.iconSize().isValid() ? m_tree.iconSize().width() + 16 : 36);
+}
+
+void ClassTreePane::setClassTree(const ClassTree& classes)
+{
+    m_clickedClass = nullptr;
+    m_counts.clear();
+    m_editor->show(classes);
+    showCounts();
+}
+
+ClassTree ClassTreePane::classTree() const
+{
+    return m_editor->classTree();
+}
+
+QTreeWidgetItem* ClassTreePane::itemOfShortcut(const QString& shortcut) const
+{
+    return shortcut.isEmpty() ? nullptr : m_editor->itemOfShortcut(shortcut);
+}
+
+QTreeWidgetItem* ClassTreePane::itemOf(const QString& name) const
+{
+    return m_editor->itemOf(name);
+}
+
+void ClassTreePane::rename(QTreeWidgetItem* item, const QString& newName)
+{
+    item->setText(Name, newName);
+    describe(item);
+    showCounts();
+}
+
+void ClassTreePane::remove(QTreeWidgetItem* item)
+{
+    m_clickedClass = nullptr;
+    delete item;
+}
+
+void ClassTreePane::clearCounts()
+{
+    m_counts.clear();
+    countsChanged();
+}
+
+void ClassTreePane::countAdded(const ClassRecord& record)
+{
+    m_counts.add(record);
+    countsChanged();
+}
+
+void ClassTreePane::countRemoved(const ClassRecord& record)
+{
+    m_counts.remove(record);
+    countsChanged();
+}
+
+void ClassTreePane::countChanged(const ClassRecord& before, const ClassRecord& after)
+{
+    m_counts.change(before, after);
+    countsChanged();
+}
+
+void ClassTreePane::holdCounts()
+{
+    m_countsHeld = true;
+}
+
+void ClassTreePane::showCounts()
+{
+    m_countsOutdated = false;
+    m_countTimer.start();
+    for (QTreeWidgetItemIterator it(&m_tree); *it; ++it) {
+        QTreeWidgetItem* item = *it;
+        const int count = item == m_unassigned ? m_counts.unassigned() : m_counts.of(item->text(Name));
+        const QString text = QString::number(count);
+        if (item->text(Count) != text)
+            item->setText(Count, text);
+    }
+}
+
+void ClassTreePane::releaseCounts()
+{
+    m_countsHeld = false;
+    showCounts();
+}
+
+/// Shows single changes at once and many at a rate that the eye can follow.
+void ClassTreePane::countsChanged()
+{
+    m_countsOutdated = true;
+    if (!m_countsHeld && !m_countTimer.isActive())
+        showCounts();
+}
+
+void ClassTreePane::showMenu(const QPoint& pos)
+{
+    m_editor->showMenu(pos);
+}
+
+void ClassTreePane::activate(const QTreeWidgetItem* item)
+{
+    if (item)
+        emit fileWanted(item == m_unassigned ? QString() : item->text(Name));
+}
+
+bool ClassTreePane::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == &m_tree && event->type() == QEvent::KeyPress) {
+        const auto* keyEvent = static_cast<QKeyEvent*>(event);
+        if (keyPressed(keyEvent->key(), keyEvent->modifiers() & ~Qt::KeypadModifier))
+            return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+bool ClassTreePane::keyPressed(int key, Qt::KeyboardModifiers modifiers)
+{
+    QTreeWidgetItem* item = m_tree.currentItem();
+    if (!item || (modifiers != Qt::NoModifier && modifiers != Qt::ControlModifier))
+        return false;
+    const bool isReturn = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (isReturn && (modifiers == Qt::ControlModifier || item == m_unassigned))
+        activate(item);
+    else if (isReturn)
+        assign(item);
+    else if (key == Qt::Key_Delete && modifiers == Qt::NoModifier && item != m_unassigned)
+        emit deletionWanted(item);
+    else
+        return false;
+    return true;
+}
+
+void ClassTreePane::assign(QTreeWidgetItem* item)
+{
+    m_clickedClass = item;
+    emit assignButtonClicked();
+}
+
+void ClassTreePane::addButton(QTreeWidgetItem* item)
+{
+    auto* button = new QPushButton(QIcon(QStringLiteral(":/images/green_arrow_left.png")), QString());
+    // The row's Return key does the same; a tab stop for each class would be in the way.
+    button->setFocusPolicy(Qt::NoFocus);
+    connect(button, &QPushButton::clicked, this, [this, item] { assign(item); });
+    m_tree.setItemWidget(item, AssignButton, button);
+    item->setTextAlignment(Count, Qt::AlignRight | Qt::AlignVCenter);
+    item->setTextAlignment(Shortcut, Qt::AlignCenter);
+    describe(item);
+    showCounts();
+}
+
+/// Tool tips that name the class.
+void ClassTreePane::describe(QTreeWidgetItem* item)
+{
+    const bool isClass = item != m_unassigned;
+    item->setToolTip(Name, isClass ? QStringLiteral("Double-click or Ctrl+Return: first file of this class\n"
+                                                    "Return: assign selected file/s to this class")
+                                   : QStringLiteral("Double-click or Return: first file without a class"));
+    if (QWidget* button = m_tree.itemWidget(item, AssignButton))
+        button->setToolTip((item->parent() ? QStringLiteral("Assign selected file/s to subclass \"")
+                                           : QStringLiteral("Assign selected file/s to class \"")) +
+                           item->text(Name) + QLatin1Char('"'));
+}

@@ -1,0 +1,55 @@
+#ifndef SONAVIA_CLASSES_DIRECTEDITS_H
+#define SONAVIA_CLASSES_DIRECTEDITS_H
+
+#include "recordings/classRecordEdit.h"
+
+#include <QList>
+#include <QObject>
+
+#include <functional>
+
+class ClassTreePane;
+class FileRun;
+class QTreeWidget;
+class QTreeWidgetItem;
+class RowUpdater;
+class UserPrompts;
+struct RecordingSession;
+
+/// The changes of single classes that are written on the GUI thread: accepting a proposal, and putting
+/// another class into a slot or taking it out, for the selected files of the evaluation list. A row changes
+/// once its file has been written. GUI thread.
+class DirectEdits : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Owns nothing.
+    DirectEdits(QTreeWidget& list, ClassTreePane& classes, const RecordingSession& session, FileRun& run,
+                RowUpdater& rows, UserPrompts& prompts);
+
+    /// A check box "Accept proposal" of the list has been changed by the user, to a Qt::CheckState. The box
+    /// goes back when the file cannot be written.
+    void acceptProposal(QObject* checkBox, int state);
+
+    // Slots count from 0: slot 0 is "class 1".
+    void reassign(int slot); ///< asks for the class
+    void unassign(int slot);
+
+private:
+    using Edit = std::function<RecordEdit(const RecordingRow&)>;
+
+    QTreeWidgetItem* rowOf(QObject* checkBox) const;
+    void applyToSelected(const QString& label, const QList<QTreeWidgetItem*>& rows, const Edit& edit,
+                         const QString& loss);
+    bool apply(QTreeWidgetItem& row, const RecordEdit& edit);
+
+    QTreeWidget& m_list;
+    ClassTreePane& m_classes;
+    const RecordingSession& m_session;
+    FileRun& m_run;
+    RowUpdater& m_rows;
+    UserPrompts& m_prompts;
+};
+
+#endif

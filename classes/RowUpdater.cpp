@@ -1,0 +1,67 @@
+#include "classes/RowUpdater.h"
+
+#include "classes/ClassTreePane.h"
+#include "recordings/rows/RowItem.h"
+
+#include <QCheckBox>
+#include <QHeaderView>
+#include <QSignalBlocker>
+#include <QTreeWidget>
+
+namespace {
+
+constexpr int countInterval = 40; // ms
+
+/// Programs' changes of the box are not the user's.
+void showAccepted(QTreeWidgetItem& row, bool accepted)
+{
+    QWidget* cell = row.treeWidget()->itemWidget(&row, RowItem::Accepted);
+    auto* box = qobject_cast<QCheckBox*>(cell);
+    if (cell && !box)
+        box = cell->findChild<QCheckBox*>();
+    if (!box)
+        return;
+    const QSignalBlocker quiet(box);
+    box->setChecked(accepted);
+}
+
+} // namespace
+
+RowUpdater::RowUpdater(QTreeWidget& countedList, ClassTreePane& classes)
+    : m_countedList(countedList), m_classes(classes)
+{}
+
+void RowUpdater::show(QTreeWidgetItem& row, const ClassRecord& record)
+{
+    const ClassRecord before = RowItem::read(row).record;
+    RowItem::writeRecord(row, record);
+    RowItem::applyColour(row);
+    showAccepted(row, record.accepted == QLatin1String("1"));
+    if (row.treeWidget() == &m_countedList)
+        m_classes.countChanged(before, record);
+    if (m_inRun && m_sinceCounts.elapsed() >= countInterval) {
+        m_classes.showCounts();
+        m_sinceCounts.start();
+    }
+}
+
+void RowUpdater::beginRun(int count)
+{
+    // With each changed text a sorted list looks for the row's new place.
+    const bool sortedByRecord = m_countedList.header()->sortIndicatorSection() >= RowItem::Proposal;
+    m_sortingSuspended = count > 1 && m_countedList.isSortingEnabled() && sortedByRecord;
+    if (m_sortingSuspended)
+        m_countedList.setSortingEnabled(false);
+    m_classes.holdCounts();
+    m_inRun = true;
+    m_sinceCounts.start();
+}
+
+void RowUpdater::endRun()
+{
+    m_inRun = false;
+    m_classes.releaseCounts();
+    if (m_sortingSuspended)
+        m_countedList.setSortingEnabled(true);
+    m_sortingSuspended = false;
+}
