@@ -56,6 +56,7 @@ inline constexpr SettingKey<bool> loop{"loop", false};
 // Last paths
 inline constexpr SettingKey<QString> filePath{"filePath", "C:/"};
 inline constexpr SettingKey<QString> folderPath{"folderPath", "/home"};
+inline constexpr SettingKey<QString> evaluationFolderPath{"evaluationFolderPath", "/home"};
 
 // Spectrogram display. Two keys have a second default, used where a scale is changed by hand.
 inline constexpr SettingKey<int> colormap{"colormap", 0};

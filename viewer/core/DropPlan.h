@@ -10,14 +10,19 @@ struct DropPlan
 {
     enum class Kind {
         Nothing,      ///< nothing local was dropped
-        OneFile,      ///< open paths[0]
-        OneFolder,    ///< open the folder paths[0]
-        SeveralFiles, ///< list the paths, all in one folder or not
+        OneFile,      ///< open path
+        OneFolder,    ///< open the folder path
+        SeveralFiles, ///< list `names` of the folder path
         Mixture,      ///< several things, a folder among them
-        Unsupported   ///< a single file that is no recording
+        Unsupported   ///< files, but no recording
     };
     Kind kind = Kind::Nothing;
-    QStringList paths;
+    QString path;
+    QStringList names;
+    /// More than one file was dropped, whatever they are.
+    bool several = false;
+    /// Files that cannot stand in one list with the first recording: no recordings, or of other folders.
+    int leftOut = 0;
 };
 
 /// Looks at the file system to tell files from folders.

@@ -1,0 +1,29 @@
+#ifndef SONAVIA_VIEWER_COMMENTDELEGATE_H
+#define SONAVIA_VIEWER_COMMENTDELEGATE_H
+
+#include <QStyledItemDelegate>
+
+/// The editor of the comment column: takes what a class record can hold and says so where it refuses. Made
+/// for the columns of a file list (RowItem).
+class CommentDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override;
+    void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+
+    /// The text being put into the model right now was typed by the user; see previous().
+    bool isCommitting() const { return m_committing; }
+    /// What stood there before.
+    const QString& previous() const { return m_previous; }
+
+private:
+    mutable bool m_committing = false;
+    mutable QString m_previous;
+};
+
+#endif
