@@ -53,7 +53,9 @@ struct ValueScale
     {
         const double low = lowest + width * index;
         return {rangeText(QString::number(low, 'f', 0), QString::number(low + width, 'f', 0)),
-                low + width / 2.0, width, {}};
+                low + width / 2.0,
+                width,
+                {}};
     }
 };
 

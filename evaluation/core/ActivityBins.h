@@ -9,10 +9,10 @@
 /// One bin of an activity plot: a class of times at which the recorder was listening.
 struct ActivityBin
 {
-    QString label;     ///< of its row in a table; the same in every locale
-    double position;   ///< of its middle on the plot's axis
-    double width;      ///< on that axis
-    TimeSpans spans;   ///< UTC seconds: the monitored times that belong to it
+    QString label;   ///< of its row in a table; the same in every locale
+    double position; ///< of its middle on the plot's axis
+    double width;    ///< on that axis
+    TimeSpans spans; ///< UTC seconds: the monitored times that belong to it
 };
 
 using ActivityBins = std::vector<ActivityBin>;
@@ -32,8 +32,8 @@ ActivityBins days(const MonitoringCalendar& calendar);
 /// One for each month: the windows that begin in it. The axis counts months: 12 x year + month - 1.
 ActivityBins months(const MonitoringCalendar& calendar);
 
-/// 11 bins: 15 % of the night's length before sunset, then tenths of the night. The axis runs from 0 at sunset
-/// to 1 at sunrise.
+/// 11 bins: 15 % of the night's length before sunset, then tenths of the night. The axis runs from 0 at
+/// sunset to 1 at sunrise.
 ActivityBins night(const MonitoringCalendar& calendar);
 
 /// The bins of one quantity of the weather, with its value as the axis. `samples` are in UTC and in order.

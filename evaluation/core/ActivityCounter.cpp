@@ -89,8 +89,7 @@ QString ActivityQuantity::text() const
         return QStringLiteral("Activity in Recordings per Hour");
     if (kind == Kind::Files)
         return QStringLiteral("Number of Files per Day");
-    const QString mode =
-        kind == Kind::DynamicEvents ? QStringLiteral("Dynamic") : QStringLiteral("Static");
+    const QString mode = kind == Kind::DynamicEvents ? QStringLiteral("Dynamic") : QStringLiteral("Static");
     return QStringLiteral("Number of Events per Day with %1 %2 Minute Time Interval").arg(mode).arg(minutes);
 }
 
@@ -141,8 +140,8 @@ std::vector<int> ActivityCounter::eventsIn(const ActivityBin& bin, const Activit
     std::vector<qint64> begins(counts.size(), 0);
     const auto meet = [&](int curve, const Instant& instant) {
         const qint64 time = dynamic ? instant.utc : instant.entry->wall / seconds;
-        const bool opens = counts[curve] == 0 ||
-                           (dynamic ? time > begins[curve] + seconds : time != begins[curve]);
+        const bool opens =
+            counts[curve] == 0 || (dynamic ? time > begins[curve] + seconds : time != begins[curve]);
         if (!opens)
             return;
         begins[curve] = time;

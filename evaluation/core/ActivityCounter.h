@@ -16,7 +16,7 @@ class ActivityRecordings
 public:
     struct Entry
     {
-        qint64 wall;                                    ///< what the recorder's clock showed, see RecorderClock
+        qint64 wall; ///< what the recorder's clock showed, see RecorderClock
         std::array<int, ClassRecord::slotCount> curves; ///< for each of its classes; -1 behind the last
     };
 
@@ -55,8 +55,9 @@ struct ActivityQuantity
 /// The curves of one plot over its bins.
 struct ActivityCurves
 {
-    std::vector<double> validHours;          ///< index bin
-    std::vector<std::vector<double>> values; ///< index curve, bin; not a number where there are no valid hours
+    std::vector<double> validHours; ///< index bin
+    std::vector<std::vector<double>>
+        values; ///< index curve, bin; not a number where there are no valid hours
 };
 
 /// Counts the recordings in bins. A recording is counted in each bin that has a span with it, ends included,

@@ -193,9 +193,9 @@ void ActivitySettings::setMonitoring(const MonitoringPlan& plan)
 
 const QStringList& ActivitySettings::twilightNames()
 {
-    static const QStringList names{
-        QStringLiteral("Civil twilight"), QStringLiteral("Nautical twilight"),
-        QStringLiteral("Astronomical twilight"), QStringLiteral("Vantor twilight (15%)")};
+    static const QStringList names{QStringLiteral("Civil twilight"), QStringLiteral("Nautical twilight"),
+                                   QStringLiteral("Astronomical twilight"),
+                                   QStringLiteral("Vantor twilight (15%)")};
     return names;
 }
 

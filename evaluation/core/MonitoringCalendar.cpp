@@ -22,8 +22,8 @@ TimeSpans invalidSpans(const QString& text, const RecorderClock& clock)
 {
     std::vector<TimeSpan> spans;
     for (const InvalidPeriod& period : invalidPeriods(text))
-        spans.push_back({clock.toUtc(period.begin.toSecsSinceEpoch()),
-                         clock.toUtc(period.end.toSecsSinceEpoch())});
+        spans.push_back(
+            {clock.toUtc(period.begin.toSecsSinceEpoch()), clock.toUtc(period.end.toSecsSinceEpoch())});
     return united(std::move(spans));
 }
 
@@ -48,13 +48,13 @@ MonitoringCalendar::MonitoringCalendar(const MonitoringPlan& plan) : m_plan(plan
         m_days.push_back({date, united(windowOf(date))});
         TimeSpans& window = m_days.back().window;
         if (!window.empty()) {
-            const auto reaching = std::partition_point(
-                invalid.begin(), invalid.end(),
-                [&](const TimeSpan& period) { return period.stop <= window.front().start; });
-            const auto beyond =
-                std::partition_point(reaching, invalid.end(), [&](const TimeSpan& period) {
-                    return period.start < window.back().stop;
+            const auto reaching =
+                std::partition_point(invalid.begin(), invalid.end(), [&](const TimeSpan& period) {
+                    return period.stop <= window.front().start;
                 });
+            const auto beyond = std::partition_point(reaching, invalid.end(), [&](const TimeSpan& period) {
+                return period.start < window.back().stop;
+            });
             window = difference(window, TimeSpans(reaching, beyond));
         }
         all.insert(all.end(), window.begin(), window.end());
@@ -67,7 +67,8 @@ std::vector<TimeSpan> MonitoringCalendar::windowOf(const QDate& date) const
     if (m_plan.relative) {
         std::vector<TimeSpan> window;
         for (const Night& night : nightsBetween(date, date, SunTimes::altitudeOf(m_plan.twilight)))
-            window.push_back({night.sunset + 60 * m_plan.startMinutes, night.sunrise + 60 * m_plan.stopMinutes});
+            window.push_back(
+                {night.sunset + 60 * m_plan.startMinutes, night.sunrise + 60 * m_plan.stopMinutes});
         return window;
     }
     const qint64 start = RecorderClock::wall(date, m_plan.dailyStart);

@@ -32,7 +32,8 @@ public:
     struct Day
     {
         QDate date;
-        TimeSpans window; ///< begins on the date and may run into the next day; in pieces where periods are cut
+        TimeSpans
+            window; ///< begins on the date and may run into the next day; in pieces where periods are cut
     };
 
     struct Night

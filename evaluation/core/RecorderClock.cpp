@@ -66,9 +66,8 @@ QTime RecorderClock::timeOfWall(qint64 wall)
 const RecorderClock::Section& RecorderClock::sectionOfWall(qint64 wall) const
 {
     const auto next =
-        std::upper_bound(m_sections.begin() + 1, m_sections.end(), wall, [](qint64 time, const Section& s) {
-            return time < s.start + s.offset;
-        });
+        std::upper_bound(m_sections.begin() + 1, m_sections.end(), wall,
+                         [](qint64 time, const Section& s) { return time < s.start + s.offset; });
     return *std::prev(next);
 }
 

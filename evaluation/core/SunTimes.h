@@ -13,8 +13,8 @@ struct GeoPosition
     double longitude = 9.0;
 };
 
-/// Sunrise, sunset and twilight by the sunrise/sunset algorithm of the Almanac for Computers, Nautical Almanac
-/// Office, United States Naval Observatory, 1990. Good to about two minutes below the polar circles.
+/// Sunrise, sunset and twilight by the sunrise/sunset algorithm of the Almanac for Computers, Nautical
+/// Almanac Office, United States Naval Observatory, 1990. Good to about two minutes below the polar circles.
 namespace SunTimes {
 
 enum class Event { Sunrise, Sunset };

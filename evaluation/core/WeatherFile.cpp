@@ -235,7 +235,8 @@ class WindLines
 {
 public:
     explicit WindLines(const WindFormat& format)
-        : m_format(format), m_layout(DateLayout::of(format.dateFormat)),
+        : m_format(format),
+          m_layout(DateLayout::of(format.dateFormat)),
           m_timeGap(format.timeFormat == QLatin1String("hh-mm-ss") ? '-' : ':')
     {}
 
@@ -274,9 +275,10 @@ bool isEarlier(const WeatherSample& a, const WeatherSample& b)
 void bringInOrder(WeatherSamples& samples)
 {
     std::stable_sort(samples.begin(), samples.end(), isEarlier);
-    samples.erase(std::unique(samples.begin(), samples.end(),
-                              [](const WeatherSample& a, const WeatherSample& b) { return a.time == b.time; }),
-                  samples.end());
+    samples.erase(
+        std::unique(samples.begin(), samples.end(),
+                    [](const WeatherSample& a, const WeatherSample& b) { return a.time == b.time; }),
+        samples.end());
 }
 
 } // namespace
