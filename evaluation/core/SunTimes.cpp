@@ -79,7 +79,8 @@ SunTimes::Day SunTimes::day(const QDate& date, const GeoPosition& position, doub
                             double offsetHours, int daylightHours)
 {
     const double offset = offsetHours + daylightHours;
-    const double noon = broughtInto(12.0 - position.longitude / 15.0 + offset, 24.0);
+    // A clock that is put forward must not move the noon to another day.
+    const double noon = broughtInto(12.0 - position.longitude / 15.0 + offsetHours, 24.0) + daylightHours;
     const auto seconds = [&](Event event, double earliest) -> std::optional<qint64> {
         const std::optional<double> hours = universalTime(event, date, position, altitude);
         if (!hours)
