@@ -156,7 +156,8 @@ std::vector<int> ActivityCounter::eventsIn(const ActivityBin& bin, const Activit
     return counts;
 }
 
-ActivityCurves ActivityCounter::curves(const ActivityBins& bins, const ActivityQuantity& quantity) const
+ActivityCurves ActivityCounter::curves(const ActivityBins& bins, const ActivityQuantity& quantity,
+                                       const Progress& progress) const
 {
     ActivityCurves result;
     result.validHours.reserve(bins.size());
@@ -164,6 +165,8 @@ ActivityCurves ActivityCounter::curves(const ActivityBins& bins, const ActivityQ
                          std::vector<double>(bins.size(), std::numeric_limits<double>::quiet_NaN()));
     const bool perHour = quantity.kind == ActivityQuantity::Kind::RecordingsPerHour;
     for (std::size_t bin = 0; bin < bins.size(); ++bin) {
+        if (progress)
+            progress(static_cast<double>(bin) / static_cast<double>(bins.size()));
         const double hours = static_cast<double>(totalLength(bins[bin].spans)) / 3600.0;
         result.validHours.push_back(hours);
         if (hours <= 0.0)

@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <array>
+#include <functional>
 #include <vector>
 
 /// The recordings of a list as the counting needs them: made once, whatever the settings. Recordings whose
@@ -68,7 +69,11 @@ public:
     /// `recordings` has to live on.
     ActivityCounter(const ActivityRecordings& recordings, const RecorderClock& clock);
 
-    ActivityCurves curves(const ActivityBins& bins, const ActivityQuantity& quantity = {}) const;
+    /// Told the share of the bins that is counted, 0 to 1.
+    using Progress = std::function<void(double)>;
+
+    ActivityCurves curves(const ActivityBins& bins, const ActivityQuantity& quantity = {},
+                          const Progress& progress = {}) const;
 
 private:
     struct Instant
