@@ -57,6 +57,11 @@ inline constexpr SettingKey<bool> loop{"loop", false};
 inline constexpr SettingKey<QString> filePath{"filePath", "C:/"};
 inline constexpr SettingKey<QString> folderPath{"folderPath", "/home"};
 inline constexpr SettingKey<QString> evaluationFolderPath{"evaluationFolderPath", "/home"};
+inline constexpr SettingKey<QString> vantorFolderPath{"vantorFolderPath", "/home"};
+inline constexpr SettingKey<QString> vantorReviewPath{"vantorReviewPath", "/home"};
+inline constexpr SettingKey<QString> exportCSVPath{"exportCSVPath", "C:/"};
+inline constexpr SettingKey<QString> exportVantorPath{"exportVantorPath", "C:/"};
+inline constexpr SettingKey<QString> copyFilesPath{"copyFilesPath", "C:/"};
 
 // Spectrogram display. Two keys have a second default, used where a scale is changed by hand.
 inline constexpr SettingKey<int> colormap{"colormap", 0};

@@ -120,6 +120,8 @@ FileChain::ErrorChoice FileRun::askAboutError()
 {
     // A progress dialog that came up later would block the question.
     m_progress->show();
+    if (m_setup.askAboutError)
+        return m_setup.askAboutError(m_chain.index());
     UserPrompts::Question question{UserPrompts::Icon::Critical, QStringLiteral("Error"),
                                    m_setup.errorText(m_chain.index())};
     if (m_request) {

@@ -29,6 +29,8 @@ public:
         int count = 0;           ///< files
         /// What is said when the file at an index failed.
         std::function<QString(int index)> errorText;
+        /// Where set, asks in place of the question that start() and startHere() describe.
+        std::function<FileChain::ErrorChoice(int index)> askAboutError = nullptr;
         /// The run is over; `completed` unless it was cancelled. The run is no longer active then.
         std::function<void(bool completed)> ended = [](bool) {};
     };

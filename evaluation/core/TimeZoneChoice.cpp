@@ -1,6 +1,7 @@
 #include "evaluation/core/TimeZoneChoice.h"
 
 #include <QHash>
+#include <QLocale>
 
 #include <algorithm>
 
@@ -37,9 +38,15 @@ bool hasForm(const QString& text, char separator)
     return text.size() == 8 && text.at(2) == QLatin1Char(separator) && text.at(5) == QLatin1Char(separator);
 }
 
+/// The C locale would leave the language to the computer.
+QLocale namesLocale()
+{
+    return QLocale(QLocale::English, QLocale::UnitedStates);
+}
+
 QString longName(const QTimeZone& zone)
 {
-    return zone.displayName(QTimeZone::GenericTime, QTimeZone::LongName, QLocale::c());
+    return zone.displayName(QTimeZone::GenericTime, QTimeZone::LongName, namesLocale());
 }
 
 /// Whether the clocks of the zone run on, ten minutes after a summer's day of 2017 at 17:00.
@@ -109,7 +116,7 @@ QString TimeZoneChoice::label() const
 {
     const QTimeZone shown = zone.isValid() ? zone : QTimeZone::utc();
     return shown.displayName(QTimeZone::GenericTime,
-                             daylightSaving ? QTimeZone::ShortName : QTimeZone::OffsetName, QLocale::c());
+                             daylightSaving ? QTimeZone::ShortName : QTimeZone::OffsetName, namesLocale());
 }
 
 QDateTime TimeZoneChoice::wallClock(const QString& date, const QString& time)

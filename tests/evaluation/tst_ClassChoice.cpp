@@ -1,0 +1,75 @@
+#include "evaluation/core/ClassChoice.h"
+#include "evaluation/core/CopyPlan.h"
+#include "tests/evaluation/exampleRow.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+const QVector<RecordingRow> list = {
+    exampleRow("a.wav", "", "", "Pip + Nyc|"),  exampleRow("b.wav", "", "", "||"),
+    exampleRow("c.wav", "", "", "|No call|0|"), exampleRow("d.wav", "", "", "Nyc|No Call|0|"),
+    exampleRow("e.wav", "", "", " + Pip||0|"),  exampleRow("f.wav", "", "", "Pip + Pip|")};
+
+} // namespace
+
+class tst_ClassChoice : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void countsClasses();
+    void readsSubclasses();
+    void choosesFilesToCopy_data();
+    void choosesFilesToCopy();
+    void seesExistingFiles();
+};
+
+void tst_ClassChoice::countsClasses()
+{
+    QCOMPARE(ClassChoice::text(list), QStringLiteral("Pip\t3\nNyc\t2\nUnassigned\t3\n"));
+    QCOMPARE(ClassChoice::text(list, ClassChoice::Unassigned::ByDetection),
+             QStringLiteral("Pip\t3\nNyc\t2\nUnassigned\t2\nDetected No Call\t1\n"));
+    QCOMPARE(ClassChoice::text({}), QString());
+}
+
+void tst_ClassChoice::readsSubclasses()
+{
+    QStringList read;
+    for (const ClassChoice::Line& line :
+         ClassChoice::lines("\tlost\t1\nPip\t12\n\tPnat\t3\n\nodd\tname\t4\nshort"))
+        read.append(QStringLiteral("%1|%2|%3").arg(line.isSubclass).arg(line.name).arg(line.count));
+    QCOMPARE(read, QStringList({"0|lost|1", "0|Pip|12", "1|Pnat|3", "0|odd\tname|4", "0|short|0"}));
+}
+
+void tst_ClassChoice::choosesFilesToCopy_data()
+{
+    QTest::addColumn<QStringList>("checked");
+    QTest::addColumn<QStringList>("names");
+    QTest::newRow("none") << QStringList() << QStringList();
+    QTest::newRow("in any slot") << QStringList{"Nyc"} << QStringList{"a.wav", "d.wav"};
+    QTest::newRow("once") << QStringList{"Pip", "Nyc"} << QStringList{"a.wav", "d.wav", "e.wav", "f.wav"};
+    QTest::newRow("empty class 1") << QStringList{"Unassigned"} << QStringList{"b.wav", "c.wav", "e.wav"};
+    QTest::newRow("unknown") << QStringList{"pip"} << QStringList();
+}
+
+void tst_ClassChoice::choosesFilesToCopy()
+{
+    QFETCH(QStringList, checked);
+    QFETCH(QStringList, names);
+    QCOMPARE(CopyPlan::names(list, checked), names);
+}
+
+void tst_ClassChoice::seesExistingFiles()
+{
+    const QTemporaryDir folder;
+    QVERIFY(QFile(folder.filePath("b.wav")).open(QIODevice::WriteOnly));
+    QVERIFY(!CopyPlan::anyExists(folder.path(), {}));
+    QVERIFY(!CopyPlan::anyExists(folder.path(), {"a.wav"}));
+    QVERIFY(CopyPlan::anyExists(folder.path(), {"a.wav", "b.wav"}));
+}
+
+QTEST_GUILESS_MAIN(tst_ClassChoice)
+
+#include "tst_ClassChoice.moc"

@@ -1,0 +1,215 @@
+#include "evaluation/CopyController.h"
+#include "evaluation/CopyFilesDialog.h"
+#include "evaluation/core/CopyFilesThread.h"
+#include "tests/evaluation/DialogScript.h"
+#include "tests/evaluation/EvaluationWindow.h"
+#include "tests/evaluation/exampleRow.h"
+#include "tests/evaluation/folderContents.h"
+
+#include <QCheckBox>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QThread>
+
+#include <memory>
+
+using Answer = UserPrompts::Answer;
+
+namespace {
+
+const char* const errorQuestion =
+    "warning|Warning|Error on copying file %1.\nPlease check available disc space and permissions.\n\n"
+    "Continue copying?";
+const char* const overwriteQuestion = "warning|Warning|At least on file already exists in selected folder.\n"
+                                      "Do you want to overwrite existing file(s)?";
+
+void uncheck(const QDialog& dialog, const QString& name)
+{
+    auto* tree = dialog.findChild<QTreeWidget*>("treeWidget");
+    qobject_cast<QCheckBox*>(tree->itemWidget(tree->findItems(name, Qt::MatchExactly).first(), 2))->click();
+}
+
+} // namespace
+
+/// The whole way from the menu to the files, with the worker on a thread of its own.
+class tst_CopyController : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void copiesChosenClasses();
+    void asksBeforeOverwriting_data();
+    void asksBeforeOverwriting();
+    void asksAboutErrors_data();
+    void asksAboutErrors();
+    void neverLosesFilesOfItsOwnFolder();
+    void stopsOnCancel();
+    void copiesNothingWithoutChoice();
+    void ignoresStaleAnswers();
+
+private:
+    void copyTo(const QString& folder, const QStringList& unchecked = {});
+    QStringList copied() const { return folderContents(m_to->path()).keys(); }
+
+    std::unique_ptr<EvaluationWindow> m_window;
+    std::unique_ptr<QTemporaryDir> m_from;
+    std::unique_ptr<QTemporaryDir> m_to;
+    std::unique_ptr<DialogScript> m_dialogs;
+    std::unique_ptr<CopyFilesThread> m_worker;
+    std::unique_ptr<QThread> m_thread;
+    CopyController* m_copy = nullptr;
+};
+
+void tst_CopyController::init()
+{
+    m_window = std::make_unique<EvaluationWindow>();
+    m_from = std::make_unique<QTemporaryDir>();
+    m_to = std::make_unique<QTemporaryDir>();
+    m_dialogs = std::make_unique<DialogScript>();
+    m_window->session.viewMode = 2;
+    m_window->session.folder = m_from->path();
+    for (const char* record : {"a.wav=Pip + Nyc|", "b.wav=Pip|", "c.wav=|No call|0|", "d.wav=Nyc|"}) {
+        const QString name = QString(record).section('=', 0, 0);
+        m_window->add(m_window->evaluationList, exampleRow(name, "", "", QString(record).section('=', 1)));
+        QVERIFY(writeBytes(m_from->filePath(name), "sound of " + name.toUtf8()));
+    }
+    m_copy = new CopyController(m_window->window, m_window->rows(), m_window->session, m_window->settings,
+                                m_window->prompts);
+    m_worker = std::make_unique<CopyFilesThread>();
+    connect(m_copy, &CopyController::copyFiles, m_worker.get(), &CopyFilesThread::copyFiles);
+    m_thread = std::make_unique<QThread>();
+    m_worker->moveToThread(m_thread.get());
+    connect(m_worker.get(), &CopyFilesThread::signalCopyFinished, m_copy, &CopyController::copyingFinished);
+    m_thread->start();
+}
+
+void tst_CopyController::cleanup()
+{
+    QTRY_VERIFY(!m_copy->isRunning());
+    m_thread->quit();
+    QVERIFY(m_thread->wait(5000));
+    QVERIFY(m_dialogs->isDone());
+    QCOMPARE(m_window->prompts.takeAsked(), QStringList());
+}
+
+void tst_CopyController::copyTo(const QString& folder, const QStringList& unchecked)
+{
+    m_dialogs->choosePath(folder);
+    m_dialogs->on<CopyFilesDialog>([unchecked](CopyFilesDialog& dialog) {
+        for (const QString& name : unchecked)
+            uncheck(dialog, name);
+        dialog.accept();
+    });
+    m_copy->copyFilesToOtherFolder();
+    QTRY_VERIFY(!m_copy->isRunning());
+}
+
+void tst_CopyController::copiesChosenClasses()
+{
+    m_window->settings.setValue(SettingKeys::copyFilesPath, m_to->path());
+    copyTo(m_to->path(), {"Pip", "Unassigned"});
+    QCOMPARE(m_dialogs->asked.value(0).section('|', 0, 1), "Copy Files to Folder|" + m_to->path());
+    QCOMPARE(copied(), QStringList({"a.wav", "d.wav"}));
+    QCOMPARE(bytesOf(m_to->filePath("d.wav")), QByteArray("sound of d.wav"));
+    QCOMPARE(folderContents(m_from->path()).size(), 4);
+}
+
+void tst_CopyController::asksBeforeOverwriting_data()
+{
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<QStringList>("names");
+    QTest::addColumn<QByteArray>("ofB");
+    const QStringList all{"a.wav", "b.wav", "c.wav", "d.wav"};
+    QTest::newRow("yes") << int(Answer::Yes) << all << QByteArray("sound of b.wav");
+    QTest::newRow("no") << int(Answer::No) << all << QByteArray("older");
+    QTest::newRow("cancel") << int(Answer::Cancel) << QStringList("b.wav") << QByteArray("older");
+}
+
+void tst_CopyController::asksBeforeOverwriting()
+{
+    QFETCH(int, answer);
+    QFETCH(QStringList, names);
+    QFETCH(QByteArray, ofB);
+    QVERIFY(writeBytes(m_to->filePath("b.wav"), "older"));
+    m_window->prompts.willAnswer(Answer(answer));
+    copyTo(m_to->path());
+    QCOMPARE(m_window->prompts.takeAsked(), QStringList(overwriteQuestion));
+    QCOMPARE(copied(), names);
+    QCOMPARE(bytesOf(m_to->filePath("b.wav")), ofB);
+}
+
+void tst_CopyController::asksAboutErrors_data()
+{
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<QStringList>("names");
+    QTest::newRow("go on") << int(Answer::Ok) << QStringList{"a.wav", "c.wav", "d.wav"};
+    QTest::newRow("cancel") << int(Answer::Cancel) << QStringList{"a.wav"};
+}
+
+void tst_CopyController::asksAboutErrors()
+{
+    QFETCH(int, answer);
+    QFETCH(QStringList, names);
+    QVERIFY(QFile::remove(m_from->filePath("b.wav")));
+    m_window->prompts.willAnswer(Answer(answer));
+    copyTo(m_to->path());
+    QCOMPARE(m_window->prompts.takeAsked(), QStringList(QString(errorQuestion).arg("b.wav")));
+    QCOMPARE(copied(), names);
+}
+
+void tst_CopyController::neverLosesFilesOfItsOwnFolder()
+{
+    const auto before = folderContents(m_from->path());
+    m_window->prompts.willAnswer(Answer::Yes);
+    copyTo(m_from->path()); // the question about the error is answered with its default, cancel
+    QCOMPARE(m_window->prompts.takeAsked(),
+             QStringList({overwriteQuestion, QString(errorQuestion).arg("a.wav")}));
+    QCOMPARE(folderContents(m_from->path()), before);
+}
+
+void tst_CopyController::stopsOnCancel()
+{
+    connect(m_worker.get(), &CopyFilesThread::signalCopyFinished, m_copy, [this](int index) {
+        auto* progress = m_window->window.findChild<QProgressDialog*>();
+        QVERIFY(progress);
+        QCOMPARE(progress->labelText() + '|' + progress->windowTitle(),
+                 QStringLiteral("Copying...|Please wait"));
+        QCOMPARE(progress->minimum(), 0);
+        QCOMPARE(progress->maximum(), 3);
+        if (index == 0) // its answer is being handled, that of the next file will end the run
+            progress->findChild<QPushButton*>()->click();
+    });
+    copyTo(m_to->path());
+    QCOMPARE(copied(), QStringList({"a.wav", "b.wav"}));
+}
+
+void tst_CopyController::copiesNothingWithoutChoice()
+{
+    m_dialogs->cancel<QFileDialog>();
+    m_copy->copyFilesToOtherFolder();
+    m_dialogs->choosePath(m_to->path());
+    m_dialogs->cancel<CopyFilesDialog>();
+    m_copy->copyFilesToOtherFolder();
+    QCOMPARE(m_window->settings.value(SettingKeys::copyFilesPath), QStringLiteral("C:/"));
+    copyTo(m_to->path(), {"Pip", "Nyc", "Unassigned"});
+    m_window->session.viewMode = 0;
+    m_copy->copyFilesToOtherFolder();
+    QCOMPARE(copied(), QStringList());
+    QCOMPARE(m_window->settings.value(SettingKeys::copyFilesPath), m_to->path());
+}
+
+void tst_CopyController::ignoresStaleAnswers()
+{
+    QSignalSpy requests(m_copy, &CopyController::copyFiles);
+    m_copy->copyingFinished(0, m_to->path(), m_from->path(), {"a.wav", "b.wav"}, false);
+    QCOMPARE(requests.size(), 0);
+}
+
+QTEST_MAIN(tst_CopyController)
+
+#include "tst_CopyController.moc"
