@@ -42,10 +42,13 @@ void KeyRouter::addList(QTreeWidget& list, const ListKeys& keys)
         m_letters.push_back({&list, keys.assign});
 }
 
-void KeyRouter::addClassTree(QTreeWidget& tree, const Command& activate, const Command& remove)
+void KeyRouter::addClassTree(QTreeWidget& tree, const Command& assign, const Command& activate,
+                             const Command& remove)
 {
-    add(&tree, Qt::Key_Return, activate);
-    add(&tree, Qt::Key_Enter, activate);
+    for (const int code : {Qt::Key_Return, Qt::Key_Enter}) {
+        add(&tree, code, assign);
+        add(&tree, code, activate, false, Qt::ControlModifier);
+    }
     add(&tree, Qt::Key_Delete, remove);
 }
 

@@ -40,7 +40,9 @@ public:
     KeyRouter(QWidget& window, const RecordingSession& session, QObject* parent = nullptr);
 
     void addList(QTreeWidget& list, const ListKeys& keys);
-    void addClassTree(QTreeWidget& tree, const Command& activate, const Command& remove);
+    /// Return or Enter, the same with Ctrl, and Delete.
+    void addClassTree(QTreeWidget& tree, const Command& assign, const Command& activate,
+                      const Command& remove);
     /// Escape on the plot.
     void addCanvas(QWidget& canvas, const Command& escape);
     /// Space, whatever has the focus. A focused button is therefore pressed with Return or Enter.

@@ -1,5 +1,6 @@
 #include "app/MainWindow.h"
 
+#include "app/ActivityPlotsOpener.h"
 #include "app/FileActions.h"
 #include "app/KeyRouter.h"
 #include "app/MessageBoxPrompts.h"
@@ -15,6 +16,11 @@
 #include "classes/FileListMenus.h"
 #include "classes/OpenModelDialog.h"
 #include "dsp/calcSpectrogramThread.h"
+#include "evaluation/CopyController.h"
+#include "evaluation/ExportController.h"
+#include "evaluation/FolderEvaluationController.h"
+#include "evaluation/ListedRows.h"
+#include "evaluation/core/CopyFilesThread.h"
 #include "recordings/GetFileInfoThread.h"
 #include "recordings/RecordingFile.h"
 #include "recordings/RecordingSession.h"
@@ -75,22 +81,26 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), m_ui(std::make_un
     setUpPresenters();
     setUpLists();
     setUpClasses();
+    setUpEvaluation();
     setUpKeys();
     setUpWorkers();
     connectLoading();
     connectResult();
     connectLists();
     connectClasses();
+    connectEvaluation();
     connectSettings();
     restoreSettings();
 }
 
 MainWindow::~MainWindow()
 {
+    qApp->removeEventFilter(this);
     m_geometry->save();
     m_prompts->shutDown();
     m_spectrogramWorker->requestStop();
     m_headerWorker->requestStop();
+    m_copyWorker->requestStop();
     delete m_playback; // it talks to settings, controls and samples until its end
     if (!m_workers->stop(stopMilliseconds))
         m_session.release(); // a computation still reads the samples; they go with the process
@@ -213,6 +223,15 @@ void MainWindow::setUpClasses()
     connect(m_ui->treeWidget_2, menuWanted, this, &MainWindow::rightClickMenu_2);
 }
 
+void MainWindow::setUpEvaluation()
+{
+    const ListedRows rows(m_folderList->list(), m_evaluationList->list(), *m_session);
+    m_folderEvaluation = new FolderEvaluationController(*this, *m_session, *m_settings, *m_prompts);
+    m_exports = new ExportController(*this, rows, *m_session, *m_settings, *m_prompts);
+    m_copying = new CopyController(*this, rows, *m_session, *m_settings, *m_prompts);
+    m_activityPlots = new ActivityPlotsOpener(*this, rows, *m_session, *m_prompts);
+}
+
 void MainWindow::setUpKeys()
 {
     m_keys = new KeyRouter(*this, *m_session, this);
@@ -234,7 +253,7 @@ void MainWindow::setUpKeys()
     m_keys->addList(m_evaluationList->list(), evaluationKeys);
     m_keys->addClassTree(
         *m_ui->treeWidget, [this] { m_classTree->assignCurrent(); },
-        [this] { m_classTree->deleteCurrent(); });
+        [this] { m_classTree->activateCurrent(); }, [this] { m_classTree->deleteCurrent(); });
     m_keys->setPlayPause([this] { m_playback->togglePlay(); });
     qApp->installEventFilter(this);
 }
@@ -254,6 +273,7 @@ void MainWindow::setUpWorkers()
     setUpSpectrogramWorker();
     setUpHeaderWorker();
     setUpWritingWorker();
+    setUpCopyWorker();
 }
 
 void MainWindow::setUpSpectrogramWorker()
@@ -301,6 +321,15 @@ void MainWindow::setUpWritingWorker()
     thread->start();
 }
 
+void MainWindow::setUpCopyWorker()
+{
+    m_copyWorker = new CopyFilesThread;
+    QThread* thread = m_workers->add(m_copyWorker);
+    connect(this, &MainWindow::copyFiles, m_copyWorker, &CopyFilesThread::copyFiles);
+    connect(m_copyWorker, &CopyFilesThread::signalCopyFinished, this, &MainWindow::copyingFinished);
+    thread->start();
+}
+
 void MainWindow::connectLists()
 {
     connect(m_opener, &FileOpener::folderWanted, m_headers, &HeaderChain::open);
@@ -334,13 +363,28 @@ void MainWindow::connectClasses()
     connect(m_assigning, &Controller::signalDeleteClassFile, this, &MainWindow::signalDeleteClassFile);
     connect(m_assigning, &Controller::signalUnassignFile, this, &MainWindow::signalUnassignFile);
     connect(m_assigning, &Controller::signalResetFile, this, &MainWindow::signalResetFile);
-    connect(m_assigning, &Controller::runningChanged, m_headers, &HeaderChain::setRowsHeld);
+    connect(m_assigning, &Controller::rowsInUseChanged, this, [this](bool inUse) {
+        m_headers->setRowsHeld(inUse);
+        m_fileActions->setOpeningEnabled(!inUse);
+    });
     connect(m_assigning, &Controller::rowToBeLoaded, m_evaluationNavigator, &RecordingNavigator::show);
     connect(m_assigning, &Controller::reloadAfterReset, m_headers,
             [this] { m_headers->open(FolderTask::afterReset(m_session->folder, m_session->viewMode)); });
     connect(&m_assigning->deletion(), &FileDeletion::recordingsDeleted, this, [this](QTreeWidget* list) {
         (list == &m_folderList->list() ? m_folderList : m_evaluationList)->selectionChanged();
     });
+}
+
+void MainWindow::connectEvaluation()
+{
+    connect(m_folderEvaluation, &FolderEvaluationController::classTreeWanted, m_classTree,
+            &ClassTreePane::setClassTree);
+    connect(m_folderEvaluation, &FolderEvaluationController::folderWanted, m_headers, &HeaderChain::open);
+    connect(&m_assigning->menus(), &FileListMenus::csvExportWanted, this,
+            &MainWindow::exportCSVFileFromAction);
+    connect(&m_assigning->menus(), &FileListMenus::vantorExportWanted, this,
+            &MainWindow::exportVantorFileFromAction);
+    connect(m_copying, &CopyController::copyFiles, this, &MainWindow::copyFiles);
 }
 
 void MainWindow::connectLoading()
@@ -379,6 +423,7 @@ void MainWindow::connectResult()
             [this] { m_axisPlots->setResult(m_presenter->matrix(), m_presenter->columns()); });
     connect(m_presenter, &ViewerPresenter::callsDetected, m_detection, &DetectionOverlay::showResult);
     connect(m_presenter, &ViewerPresenter::detectionShown, m_detection, &DetectionOverlay::setVisible);
+    connect(m_presenter, &ViewerPresenter::detectionShown, m_folderList, &FileListPane::setProposalsShown);
     connect(m_presenter, &ViewerPresenter::gridShown, m_axisPlots, &AxisPlotsPresenter::setGridVisible);
     connect(m_presenter, &ViewerPresenter::frequencyScaleChanged, m_markers, &FrequencyMarkers::limitToAxis);
     connect(m_presenter, &ViewerPresenter::frequencyScaleChanged, m_selection,
@@ -423,6 +468,7 @@ void MainWindow::restoreSettings()
     const bool categorization = m_settings->value(SettingKeys::categorization);
     m_ui->actionCategorization->setChecked(categorization);
     m_detection->setVisible(categorization);
+    m_folderList->setProposalsShown(categorization);
     m_ui->actionFrequency_Marker_1->setChecked(m_settings->value(SettingKeys::marker1));
     m_ui->actionFrequency_Marker_2->setChecked(m_settings->value(SettingKeys::marker2));
     m_panes->restore();

@@ -21,11 +21,16 @@ class MainWindow;
 
 class AssignmentController;
 class AxisPlotsPresenter;
+class ActivityPlotsOpener;
 class ClassTreePane;
+class CopyController;
+class CopyFilesThread;
 class DetectionOverlay;
+class ExportController;
 class FileActions;
 class FileListPane;
 class FileOpener;
+class FolderEvaluationController;
 class FrequencyAxisView;
 class FrequencyMarkers;
 class GetFileInfoThread;
@@ -78,6 +83,8 @@ signals:
     void signalCalcSpektrogramm(int sampleSize, int bitsPerSample, int windowSize, float frameSize,
                                 QString window, double overlap, std::vector<int>* timedata, int sampleRate,
                                 bool categorize);
+    void copyFiles(int index, const QString& newDirectory, const QString& oldDirectory,
+                   const QStringList& fileNames, bool overwrite);
     void signalGetFileHeaderInfo(int index, const QString& filePath, bool calcClasses,
                                  const QString& recorderResultFileName, int reviewMode);
     void signalWriteFileBextExtended(int index, const QString& wavDirectory, QTreeWidgetItem* classItem,
@@ -180,6 +187,18 @@ public slots:
     void resetFileFinished(int index, const QString& wavDirectory,
                            const QList<QTreeWidgetItem*>& selectedFileItems, bool success);
 
+    // Evaluation
+    void on_actionVantor_Folder_Evaluation_triggered();
+    void on_actionManual_Review_of_RECORDER_WEA_Offline_Analysis_triggered();
+    void on_actionExport_CSV_File_triggered();
+    void on_actionExport_Vantor_File_triggered();
+    void exportCSVFileFromAction(const QList<QTreeWidgetItem*>& selectedItems);
+    void exportVantorFileFromAction(const QList<QTreeWidgetItem*>& selectedItems);
+    void on_actionCopy_Files_to_other_Folder_triggered();
+    void copyingFinished(int index, const QString& newDirectory, const QString& oldDirectory,
+                         const QStringList& fileNames, bool overwrite);
+    void on_actionActivity_Plot_triggered();
+
     // Settings
     void on_actionSpectrogram_Settings_triggered();
     void on_actionAxis_Plots_Settings_triggered();
@@ -211,16 +230,19 @@ private:
     void setUpPresenters();
     void setUpLists();
     void setUpClasses();
+    void setUpEvaluation();
     void setUpKeys();
     void setUpWorkers();
     bool chooseClasses();
     void setUpSpectrogramWorker();
     void setUpHeaderWorker();
     void setUpWritingWorker();
+    void setUpCopyWorker();
     void connectLoading();
     void connectResult();
     void connectLists();
     void connectClasses();
+    void connectEvaluation();
     void connectSettings();
     void restoreSettings();
 
@@ -254,6 +276,10 @@ private:
     HeaderChain* m_headers = nullptr;
     ClassTreePane* m_classTree = nullptr;
     AssignmentController* m_assigning = nullptr;
+    FolderEvaluationController* m_folderEvaluation = nullptr;
+    ExportController* m_exports = nullptr;
+    CopyController* m_copying = nullptr;
+    ActivityPlotsOpener* m_activityPlots = nullptr;
     KeyRouter* m_keys = nullptr;
     RecordingLoader* m_loader = nullptr;
     ViewerPresenter* m_presenter = nullptr;
@@ -264,6 +290,7 @@ private:
     GetFileInfoThread* m_headerWorker = nullptr;
     QThread* m_headerThread = nullptr; // runs only while headers are read
     WriteFileBextThread* m_writingWorker = nullptr;
+    CopyFilesThread* m_copyWorker = nullptr;
 };
 
 #endif

@@ -1,6 +1,7 @@
 // The switchboard: every slot is one statement that calls the object which knows.
 
 #include "app/AboutBox.h"
+#include "app/ActivityPlotsOpener.h"
 #include "app/KeyRouter.h"
 #include "app/MainWindow.h"
 #include "app/PlotPanes.h"
@@ -9,6 +10,9 @@
 #include "classes/ClassTreePane.h"
 #include "classes/DirectEdits.h"
 #include "classes/FileListMenus.h"
+#include "evaluation/CopyController.h"
+#include "evaluation/ExportController.h"
+#include "evaluation/FolderEvaluationController.h"
 #include "recordings/RecordingSession.h"
 #include "ui_MainWindow.h"
 #include "viewer/AxisPlotsPresenter.h"
@@ -378,6 +382,54 @@ void MainWindow::resetFileFinished(int index, const QString& wavDirectory,
                                    const QList<QTreeWidgetItem*>& selectedFileItems, bool success)
 {
     m_assigning->resetFileFinished(index, wavDirectory, selectedFileItems, success);
+}
+
+// Evaluation
+
+void MainWindow::on_actionVantor_Folder_Evaluation_triggered()
+{
+    m_folderEvaluation->startVantorEvaluation();
+}
+
+void MainWindow::on_actionManual_Review_of_RECORDER_WEA_Offline_Analysis_triggered()
+{
+    m_folderEvaluation->startReview();
+}
+
+void MainWindow::on_actionExport_CSV_File_triggered()
+{
+    m_exports->exportCSVFile();
+}
+
+void MainWindow::on_actionExport_Vantor_File_triggered()
+{
+    m_exports->exportVantorFile();
+}
+
+void MainWindow::exportCSVFileFromAction(const QList<QTreeWidgetItem*>& selectedItems)
+{
+    m_exports->exportCSVFileFromAction(selectedItems);
+}
+
+void MainWindow::exportVantorFileFromAction(const QList<QTreeWidgetItem*>& selectedItems)
+{
+    m_exports->exportVantorFileFromAction(selectedItems);
+}
+
+void MainWindow::on_actionCopy_Files_to_other_Folder_triggered()
+{
+    m_copying->copyFilesToOtherFolder();
+}
+
+void MainWindow::copyingFinished(int index, const QString& newDirectory, const QString& oldDirectory,
+                                 const QStringList& fileNames, bool overwrite)
+{
+    m_copying->copyingFinished(index, newDirectory, oldDirectory, fileNames, overwrite);
+}
+
+void MainWindow::on_actionActivity_Plot_triggered()
+{
+    m_activityPlots->open();
 }
 
 // Settings

@@ -22,7 +22,7 @@ CopyController::CopyController(QWidget& window, const ListedRows& rows, const Re
       m_prompts(prompts),
       m_run(new FileRun(window, prompts))
 {
-    connect(m_run, &FileRun::activeChanged, this, &CopyController::runningChanged);
+    connect(m_run, &FileRun::rowsInUseChanged, this, &CopyController::runningChanged);
 }
 
 void CopyController::copyFilesToOtherFolder()

@@ -84,8 +84,8 @@ void tst_KeyRouter::initTestCase()
                                 log("accept"), assign});
     m_router->addList(*qobject_cast<QTreeWidget*>(widget("folder")),
                       {log("previous 2"), log("next 2"), log("load 2"), {}, {}, {}, {}});
-    m_router->addClassTree(*qobject_cast<QTreeWidget*>(widget("classes")), log("activate"),
-                           log("remove class"));
+    m_router->addClassTree(*qobject_cast<QTreeWidget*>(widget("classes")), log("assign class"),
+                           log("activate"), log("remove class"));
     m_router->addCanvas(*widget("canvas"), log("escape"));
     m_router->setPlayPause(log("play"));
     connect(qobject_cast<QPushButton*>(widget("button")), &QPushButton::clicked, this,
@@ -135,7 +135,7 @@ void tst_KeyRouter::keys_data()
     row("folder", Qt::Key_Left, "previous 2");
     row("folder", Qt::Key_A, "");
     row("folder", Qt::Key_Delete, "");
-    row("classes", Qt::Key_Return, "activate");
+    row("classes", Qt::Key_Return, "assign class");
     row("classes", Qt::Key_Delete, "remove class");
     row("classes", Qt::Key_Right, "");
     row("classes", Qt::Key_A, "");

@@ -338,7 +338,8 @@ void tst_QRealFourier::knownSignals_data()
     QTest::addColumn<int>("size");
     for (const char* signal : {"constant", "cosine", "sine", "nyquist", "impulse"})
         for (int size = 8; size <= 32768; size *= 2)
-            QTest::addRow("%s %d", signal, size) << signal << size;
+            QTest::newRow(qPrintable(QString::fromLatin1(signal) + QLatin1Char(' ') + QString::number(size)))
+                << signal << size;
 }
 
 void tst_QRealFourier::knownSignals()
