@@ -4,6 +4,8 @@
 #include "evaluation/plotFolderDialog.h"
 #include "recordings/RecordingSession.h"
 
+#include <QScreen>
+
 ActivityPlotsOpener::ActivityPlotsOpener(QWidget& window, const ListedRows& rows,
                                          const RecordingSession& session, UserPrompts& prompts)
     : QObject(&window), m_window(window), m_rows(rows), m_session(session), m_prompts(prompts)
@@ -16,5 +18,7 @@ void ActivityPlotsOpener::open()
     plotFolderDialog dialog(m_session.folder, {rows.cbegin(), rows.cend()}, settings, m_prompts, &m_window);
     dialog.setWindowTitle(m_session.viewMode == 1 ? QStringLiteral("Activity Plots")
                                                   : QStringLiteral("Activity Plot"));
+    if (const QScreen* screen = m_window.screen())
+        dialog.resize(dialog.sizeHint().boundedTo(screen->availableSize() * 9 / 10));
     dialog.exec();
 }
