@@ -45,6 +45,7 @@ private slots:
     void init();
     void copiesWholeFiles_data();
     void copiesWholeFiles();
+    void keepsTimeAndPermissions_data();
     void keepsTimeAndPermissions();
     void treatsExistingFiles_data();
     void treatsExistingFiles();
@@ -95,9 +96,18 @@ void tst_CopyFilesThread::copiesWholeFiles()
     QCOMPARE(bytesOf(source(name)), bytes);
 }
 
+void tst_CopyFilesThread::keepsTimeAndPermissions_data()
+{
+    QTest::addColumn<QDateTime>("changed");
+    QTest::newRow("plain") << QDateTime(QDate(2017, 8, 1), QTime(22, 15), Qt::UTC);
+    // The two times that Central European clocks show as 02:30.
+    QTest::newRow("double hour") << QDateTime(QDate(2020, 10, 25), QTime(0, 30), Qt::UTC);
+    QTest::newRow("double hour again") << QDateTime(QDate(2020, 10, 25), QTime(1, 30), Qt::UTC);
+}
+
 void tst_CopyFilesThread::keepsTimeAndPermissions()
 {
-    const QDateTime changed(QDate(2017, 8, 1), QTime(22, 15), Qt::UTC);
+    QFETCH(QDateTime, changed);
     QFile file(source());
     QVERIFY(file.open(QIODevice::ReadWrite));
     QVERIFY(file.setFileTime(changed, QFileDevice::FileModificationTime));
