@@ -1,22 +1,47 @@
 #include "app/MainWindow.h"
 
 #include "app/FileActions.h"
+#include "app/KeyRouter.h"
 #include "app/MessageBoxPrompts.h"
 #include "app/PaintWatch.h"
 #include "app/PlotPanes.h"
 #include "app/WindowGeometry.h"
 #include "app/WorkerThreads.h"
 #include "base/SettingsStore.h"
+#include "classes/AssignmentController.h"
+#include "classes/ClassTreePane.h"
+#include "classes/DirectEdits.h"
+#include "classes/FileDeletion.h"
+#include "classes/FileListMenus.h"
+#include "classes/OpenModelDialog.h"
 #include "dsp/calcSpectrogramThread.h"
+#include "recordings/GetFileInfoThread.h"
 #include "recordings/RecordingFile.h"
 #include "recordings/RecordingSession.h"
+#include "recordings/rows/WriteFileBextThread.h"
 #include "ui_MainWindow.h"
+#include "viewer/AudioOutputName.h"
+#include "viewer/AxisPlotsPresenter.h"
+#include "viewer/DetectionOverlay.h"
+#include "viewer/FileListPane.h"
 #include "viewer/FileOpener.h"
+#include "viewer/FrequencyAxisView.h"
+#include "viewer/FrequencyMarkers.h"
+#include "viewer/HeaderChain.h"
+#include "viewer/MyQwtZoomer.h"
+#include "viewer/PlayCursor.h"
+#include "viewer/PlaybackController.h"
+#include "viewer/PlayerControls.h"
+#include "viewer/PlotAlignment.h"
 #include "viewer/RecordingLoader.h"
+#include "viewer/RecordingNavigator.h"
+#include "viewer/SelectionTool.h"
 #include "viewer/SpectrogramSettingsDialog.h"
 #include "viewer/SpectrogramView.h"
+#include "viewer/TimeAxisView.h"
 #include "viewer/ViewerPresenter.h"
 
+#include <QApplication>
 #include <QFontDatabase>
 #include <QStyle>
 #include <QThread>
@@ -45,9 +70,17 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), m_ui(std::make_un
 {
     setUpFrame();
     setUpPlots();
+    setUpPointer();
+    setUpPlayback();
     setUpPresenters();
+    setUpLists();
+    setUpClasses();
+    setUpKeys();
     setUpWorkers();
     connectLoading();
+    connectResult();
+    connectLists();
+    connectClasses();
     connectSettings();
     restoreSettings();
 }
@@ -57,6 +90,8 @@ MainWindow::~MainWindow()
     m_geometry->save();
     m_prompts->shutDown();
     m_spectrogramWorker->requestStop();
+    m_headerWorker->requestStop();
+    delete m_playback; // it talks to settings, controls and samples until its end
     if (!m_workers->stop(stopMilliseconds))
         m_session.release(); // a computation still reads the samples; they go with the process
 }
@@ -90,8 +125,6 @@ void MainWindow::setUpFrame()
     m_ui->actionCategorization->setVisible(automatic);
     m_ui->actionVantor_Folder_Evaluation->setVisible(automatic);
     m_ui->progressBar->hide();
-    m_ui->progressBar_2->hide();
-    m_ui->progressBar_3->hide();
     for (QLabel* label :
          {m_ui->labelDuration, m_ui->label_fileInfo, m_ui->label_18, m_ui->label_9, m_ui->label_21})
         label->hide(); // until there is something to say
@@ -101,11 +134,43 @@ void MainWindow::setUpPlots()
 {
     m_spectrogram = new SpectrogramView(m_ui->widget);
     m_ui->widget->layout()->addWidget(m_spectrogram);
+    m_timePlot = new TimeAxisView(m_ui->frame_3);
+    m_ui->frame_3->layout()->addWidget(m_timePlot);
+    m_frequencyPlot = new FrequencyAxisView(m_ui->frame);
+    m_ui->frame->layout()->addWidget(m_frequencyPlot);
+    new PlotAlignment(*m_spectrogram, *m_timePlot, *m_frequencyPlot, this);
+    m_detection = new DetectionOverlay(*m_spectrogram, this);
+    m_playCursor = new PlayCursor(*m_spectrogram, *m_timePlot, this);
     m_paintWatch = new PaintWatch(m_spectrogram->canvas());
     m_panes = new PlotPanes(*m_ui, *m_settings, this);
     m_panes->showListsOf(m_session->viewMode);
     m_fileActions->nothingLoaded();
     m_settingsDialog = new SpectrogramSettingsDialog(*m_settings, this);
+    m_settingsDialog->setOutputDeviceName(outputDeviceName);
+}
+
+void MainWindow::setUpPointer()
+{
+    m_markers = new FrequencyMarkers(*m_spectrogram, *m_settings, this);
+    m_markers->connectPickers(this);
+    m_selection = new SelectionTool(*m_spectrogram, m_timePlot->selectedRange(), *m_markers, this);
+    m_selection->setButtons(*m_ui->toolButton, *m_ui->toolButton_2);
+    m_selection->connectPickers(this);
+    connect(&m_selection->zoomer(), &QwtPlotZoomer::zoomed, this, &MainWindow::spectroZoomed);
+}
+
+void MainWindow::setUpPlayback()
+{
+    m_playerControls = new PlayerControls(this);
+    m_playerControls->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    m_ui->layoutTop->insertWidget(m_ui->layoutTop->indexOf(m_ui->label_fileInfo), m_playerControls);
+    m_playback = new PlaybackController(*m_playerControls, *m_settings, this);
+    connect(m_playback, &PlaybackController::playerPositionChanged, this, &MainWindow::positionChanged);
+    connect(m_playback, &PlaybackController::playerStateChanged, this, &MainWindow::setAudioPlayerState);
+    connect(m_playback, &PlaybackController::cursorMoved, m_playCursor, &PlayCursor::moveTo);
+    connect(m_playback, &PlaybackController::cursorVisible, m_playCursor, &PlayCursor::setVisible);
+    connect(m_playback, &PlaybackController::timeLabelChanged, m_ui->label_18, &QLabel::setText);
+    connect(m_playback, &PlaybackController::timeLabelChanged, m_ui->label_18, &QLabel::show);
 }
 
 void MainWindow::setUpPresenters()
@@ -113,11 +178,86 @@ void MainWindow::setUpPresenters()
     m_opener = new FileOpener(*this, *m_session, *m_settings, *m_prompts);
     m_loader = new RecordingLoader(*m_session, *m_file, *m_settings, *m_prompts, this);
     m_presenter = new ViewerPresenter(*m_spectrogram, *m_session, *m_settings, *m_prompts, this);
+    m_axisPlots = new AxisPlotsPresenter(*m_spectrogram, *m_timePlot, *m_frequencyPlot, *m_settings, this);
+}
+
+void MainWindow::setUpLists()
+{
+    using Purpose = FileListPane::Purpose;
+    m_folderList = new FileListPane({*m_ui->treeWidget_2, *m_ui->progressBar_2, *m_ui->label_21},
+                                    Purpose::Folder, *m_session, this);
+    m_evaluationList = new FileListPane({*m_ui->treeWidget_fileView, *m_ui->progressBar_3, *m_ui->label_9},
+                                        Purpose::Assignment, *m_session, this);
+    m_folderNavigator = new RecordingNavigator(*m_folderList, *m_session, this);
+    m_evaluationNavigator = new RecordingNavigator(*m_evaluationList, *m_session, this);
+    const HeaderChain::Thread thread{[this] { m_headerThread->start(); },
+                                     [this] {
+                                         m_headerThread->quit();
+                                         m_headerThread->wait(); // it has answered, so it is idle
+                                     }};
+    m_headers = new HeaderChain(*m_session, *m_folderList, *m_evaluationList, *m_prompts, thread, this);
+    m_opener->setLoadingCheck([this] { return m_headers->isLoading(); });
+}
+
+void MainWindow::setUpClasses()
+{
+    m_classTree = new ClassTreePane(*m_ui->treeWidget, *m_prompts);
+    m_classTree->setClassTree(ClassTree::simpleDefault());
+    m_assigning = new AssignmentController(*this, {m_evaluationList->list(), m_folderList->list()},
+                                           *m_classTree, *m_session, *m_prompts);
+    for (QTreeWidget* tree : {m_ui->treeWidget, m_ui->treeWidget_fileView, m_ui->treeWidget_2})
+        tree->setContextMenuPolicy(Qt::CustomContextMenu);
+    const auto menuWanted = &QWidget::customContextMenuRequested;
+    connect(m_ui->treeWidget, menuWanted, this, &MainWindow::rightClickMenu);
+    connect(m_ui->treeWidget_fileView, menuWanted, this, &MainWindow::rightClickMenu_fileView);
+    connect(m_ui->treeWidget_2, menuWanted, this, &MainWindow::rightClickMenu_2);
+}
+
+void MainWindow::setUpKeys()
+{
+    m_keys = new KeyRouter(*this, *m_session, this);
+    const auto keysOf = [this](FileListPane* pane, RecordingNavigator* navigator) {
+        KeyRouter::ListKeys keys;
+        keys.previous = [navigator] { navigator->previous(); };
+        keys.next = [navigator] { navigator->next(); };
+        keys.load = [navigator] { navigator->loadCurrent(); };
+        keys.editComment = [pane] { pane->editComment(pane->list().currentItem()); };
+        keys.remove = [this, pane] { m_assigning->deletion().deleteSelected(pane->list()); };
+        return keys;
+    };
+    m_keys->addList(m_folderList->list(), keysOf(m_folderList, m_folderNavigator));
+    KeyRouter::ListKeys evaluationKeys = keysOf(m_evaluationList, m_evaluationNavigator);
+    evaluationKeys.accept = [this] { m_evaluationList->toggleAccepted(); };
+    evaluationKeys.assign = [this](const QString& shortcut) {
+        return m_assigning->assignByShortcut(shortcut);
+    };
+    m_keys->addList(m_evaluationList->list(), evaluationKeys);
+    m_keys->addClassTree(
+        *m_ui->treeWidget, [this] { m_classTree->assignCurrent(); },
+        [this] { m_classTree->deleteCurrent(); });
+    m_keys->setPlayPause([this] { m_playback->togglePlay(); });
+    qApp->installEventFilter(this);
+}
+
+bool MainWindow::chooseClasses()
+{
+    OpenModelDialog dialog(m_classTree->classTree(), *m_prompts, this);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    m_classTree->setClassTree(dialog.classTree());
+    return true;
 }
 
 void MainWindow::setUpWorkers()
 {
     m_workers = std::make_unique<WorkerThreads>();
+    setUpSpectrogramWorker();
+    setUpHeaderWorker();
+    setUpWritingWorker();
+}
+
+void MainWindow::setUpSpectrogramWorker()
+{
     m_spectrogramWorker = new calcSpectrogramThread(*m_prompts, loadSamples);
     QThread* thread = m_workers->add(m_spectrogramWorker);
     connect(this, &MainWindow::signalCalcSpektrogramm, m_spectrogramWorker, &calcSpectrogramThread::process);
@@ -130,28 +270,128 @@ void MainWindow::setUpWorkers()
     thread->start();
 }
 
+void MainWindow::setUpHeaderWorker()
+{
+    m_headerWorker = new GetFileInfoThread(*m_prompts);
+    m_headerThread = m_workers->add(m_headerWorker);
+    connect(this, &MainWindow::signalGetFileHeaderInfo, m_headerWorker,
+            &GetFileInfoThread::getFileHeaderInfo);
+    connect(m_headerWorker, &GetFileInfoThread::signalFileInfoHeaderFinished, this,
+            &MainWindow::fileInfoHeaderFinished);
+    connect(m_headerWorker, &GetFileInfoThread::signalProgressBar, m_ui->progressBar,
+            &QProgressBar::setValue);
+}
+
+void MainWindow::setUpWritingWorker()
+{
+    using Worker = WriteFileBextThread;
+    m_writingWorker = new Worker;
+    QThread* thread = m_workers->add(m_writingWorker);
+    connect(this, &MainWindow::signalWriteFileBextExtended, m_writingWorker, &Worker::writeFileBextExtended);
+    connect(this, &MainWindow::signalRenameClassFile, m_writingWorker, &Worker::renameClassFile);
+    connect(this, &MainWindow::signalDeleteClassFile, m_writingWorker, &Worker::deleteClassFile);
+    connect(this, &MainWindow::signalUnassignFile, m_writingWorker, &Worker::unassignFile);
+    connect(this, &MainWindow::signalResetFile, m_writingWorker, &Worker::resetFile);
+    connect(m_writingWorker, &Worker::signalFileBextFinishedExtended, this,
+            &MainWindow::fileBextFinishedExtended);
+    connect(m_writingWorker, &Worker::signalRenameClassFile, this, &MainWindow::renameClassFileFinished);
+    connect(m_writingWorker, &Worker::signalDeleteClassFile, this, &MainWindow::deleteClassFileFinished);
+    connect(m_writingWorker, &Worker::signalUnassignFile, this, &MainWindow::unassignFileFinished);
+    connect(m_writingWorker, &Worker::signalResetFile, this, &MainWindow::resetFileFinished);
+    thread->start();
+}
+
+void MainWindow::connectLists()
+{
+    connect(m_opener, &FileOpener::folderWanted, m_headers, &HeaderChain::open);
+    connect(m_opener, &FileOpener::listInvalidated, m_headers, &HeaderChain::openSingleFile);
+    connect(m_headers, &HeaderChain::signalGetFileHeaderInfo, this, &MainWindow::signalGetFileHeaderInfo);
+    connect(m_headers, &HeaderChain::recordingWanted, this, &MainWindow::plot_Data);
+    connect(m_headers, &HeaderChain::viewModeChanged, m_panes, &PlotPanes::showListsOf);
+    connect(m_headers, &HeaderChain::listCompleteChanged, this,
+            [this](bool complete) { m_fileActions->setListComplete(complete); });
+    connect(m_headers, &HeaderChain::openingAllowedChanged, this,
+            [this](bool allowed) { m_fileActions->setOpeningEnabled(allowed); });
+    connect(m_folderNavigator, &RecordingNavigator::recordingWanted, this, &MainWindow::plot_Data);
+    connect(m_evaluationNavigator, &RecordingNavigator::recordingWanted, this, &MainWindow::plot_Data);
+}
+
+void MainWindow::connectClasses()
+{
+    using Controller = AssignmentController;
+    connect(m_evaluationList, &FileListPane::rowsCleared, m_classTree, &ClassTreePane::clearCounts);
+    connect(m_evaluationList, &FileListPane::rowFilled, m_classTree, &ClassTreePane::countAdded);
+    connect(m_evaluationList, &FileListPane::acceptToggled, &m_assigning->directEdits(),
+            &DirectEdits::acceptProposal);
+    for (FileListPane* pane : {m_folderList, m_evaluationList})
+        connect(pane, &FileListPane::commentEdited, &m_assigning->directEdits(), &DirectEdits::setComment);
+    connect(m_headers, &HeaderChain::listCompleteChanged, m_assigning, &Controller::setListComplete);
+    connect(m_classTree, &ClassTreePane::assignButtonClicked, this, &MainWindow::assignFileToClass);
+
+    connect(m_assigning, &Controller::signalWriteFileBextExtended, this,
+            &MainWindow::signalWriteFileBextExtended);
+    connect(m_assigning, &Controller::signalRenameClassFile, this, &MainWindow::signalRenameClassFile);
+    connect(m_assigning, &Controller::signalDeleteClassFile, this, &MainWindow::signalDeleteClassFile);
+    connect(m_assigning, &Controller::signalUnassignFile, this, &MainWindow::signalUnassignFile);
+    connect(m_assigning, &Controller::signalResetFile, this, &MainWindow::signalResetFile);
+    connect(m_assigning, &Controller::runningChanged, m_headers, &HeaderChain::setRowsHeld);
+    connect(m_assigning, &Controller::rowToBeLoaded, m_evaluationNavigator, &RecordingNavigator::show);
+    connect(m_assigning, &Controller::reloadAfterReset, m_headers,
+            [this] { m_headers->open(FolderTask::afterReset(m_session->folder, m_session->viewMode)); });
+    connect(&m_assigning->deletion(), &FileDeletion::recordingsDeleted, this, [this](QTreeWidget* list) {
+        (list == &m_folderList->list() ? m_folderList : m_evaluationList)->selectionChanged();
+    });
+}
+
 void MainWindow::connectLoading()
 {
     connect(m_opener, &FileOpener::recordingWanted, this, &MainWindow::plot_Data);
-    connect(m_opener, &FileOpener::listInvalidated, this, [this] { m_fileActions->setListComplete(false); });
 
     connect(m_loader, &RecordingLoader::signalCalcSpektrogramm, this, &MainWindow::signalCalcSpektrogramm);
+    connect(m_loader, &RecordingLoader::clearing, m_playback, &PlaybackController::clearRecording);
+    connect(m_loader, &RecordingLoader::clearing, m_axisPlots, &AxisPlotsPresenter::clear);
+    connect(m_loader, &RecordingLoader::clearing, m_detection, &DetectionOverlay::clear);
     connect(m_loader, &RecordingLoader::clearing, m_presenter, &ViewerPresenter::clear);
     connect(m_loader, &RecordingLoader::clearing, this, [this] { m_fileActions->setRecordingShown(false); });
     connect(m_loader, &RecordingLoader::unreadable, m_presenter, &ViewerPresenter::showEmpty);
     connect(m_loader, &RecordingLoader::unreadable, this, [this] { m_fileActions->setOpeningEnabled(true); });
     connect(m_loader, &RecordingLoader::unreadable, this, &MainWindow::recordingUnreadable);
     connect(m_loader, &RecordingLoader::loaded, m_settingsDialog, &SpectrogramSettingsDialog::setSampleRate);
+    connect(m_loader, &RecordingLoader::loaded, this, [this](int sampleRate) {
+        m_axisPlots->setRecording(&m_session->timedata, sampleRate, m_session->bitsPerSample);
+        m_playback->setRecording(&m_session->timedata, sampleRate, m_session->bitsPerSample, 1,
+                                 m_axisPlots->displayPeak());
+    });
     connect(m_loader, &RecordingLoader::calculationSettingsChanged, m_settingsDialog,
             &SpectrogramSettingsDialog::refresh);
     connect(this, &MainWindow::signalCalcSpektrogramm, m_ui->progressBar, &QProgressBar::reset);
     connect(this, &MainWindow::signalCalcSpektrogramm, m_ui->progressBar, &QProgressBar::show);
+}
 
+void MainWindow::connectResult()
+{
     connect(m_presenter, &ViewerPresenter::computationEnded, m_ui->progressBar, &QProgressBar::hide);
     connect(m_presenter, &ViewerPresenter::resultArrived, this, [this] { m_geometry->restoreOnce(); });
     connect(m_presenter, &ViewerPresenter::resultShown, this,
             [this] { m_fileActions->setRecordingShown(true); });
+    connect(m_presenter, &ViewerPresenter::resultShown, m_selection, &SelectionTool::recordingShown);
+    connect(m_presenter, &ViewerPresenter::resultShown, m_axisPlots,
+            [this] { m_axisPlots->setResult(m_presenter->matrix(), m_presenter->columns()); });
+    connect(m_presenter, &ViewerPresenter::callsDetected, m_detection, &DetectionOverlay::showResult);
+    connect(m_presenter, &ViewerPresenter::detectionShown, m_detection, &DetectionOverlay::setVisible);
+    connect(m_presenter, &ViewerPresenter::gridShown, m_axisPlots, &AxisPlotsPresenter::setGridVisible);
+    connect(m_presenter, &ViewerPresenter::frequencyScaleChanged, m_markers, &FrequencyMarkers::limitToAxis);
+    connect(m_presenter, &ViewerPresenter::frequencyScaleChanged, m_selection,
+            &SelectionTool::frequencyLimitsChanged);
+    connect(m_presenter, &ViewerPresenter::frequencyScaleChanged, m_axisPlots,
+            &AxisPlotsPresenter::frequencyScaleChanged);
+    connect(m_presenter, &ViewerPresenter::amplitudeScaleChanged, m_axisPlots,
+            &AxisPlotsPresenter::amplitudeScaleChanged);
+    connect(m_selection, &SelectionTool::pointerMoved, m_axisPlots, &AxisPlotsPresenter::setCursor);
+    connect(m_playback, &PlaybackController::cursorMoved, m_axisPlots, &AxisPlotsPresenter::setCursorTime);
+    connect(m_axisPlots, &AxisPlotsPresenter::timeRangeShown, m_playback, &PlaybackController::setRange);
     connect(m_presenter, &ViewerPresenter::resultShown, m_paintWatch, &PaintWatch::arm);
+    connect(m_presenter, &ViewerPresenter::resultShown, m_playback, &PlaybackController::spectrogramShown);
     connect(m_paintWatch, &PaintWatch::painted, this, &MainWindow::spectrogramPainted);
     connect(m_presenter, &ViewerPresenter::scaleLimitsStored, m_settingsDialog,
             &SpectrogramSettingsDialog::refresh);
@@ -170,14 +410,19 @@ void MainWindow::connectSettings()
     connect(m_settingsDialog, &Dialog::scaleAmplitudeChanged, this, &MainWindow::slotAmplitudeScaleChanged);
     connect(m_settingsDialog, &Dialog::scaleFrequencyChanged, this, &MainWindow::slotFrequencyScaleChanged);
     connect(m_settingsDialog, &Dialog::apply, this, &MainWindow::slotApplySpectroSettings);
+    connect(m_settingsDialog, &Dialog::signalAudioControlsChanged, this, &MainWindow::audioControlsChanged);
+    connect(m_settingsDialog, &Dialog::timePlotChanged, this, &MainWindow::slotTimePlotChanged);
+    connect(m_settingsDialog, &Dialog::frequencyPlotChanged, this, &MainWindow::slotFrequencyPlotChanged);
 }
 
 void MainWindow::restoreSettings()
 {
     const bool grid = m_settings->value(SettingKeys::grid);
     m_ui->actionGrid->setChecked(grid);
-    m_spectrogram->setGridVisible(grid);
-    m_ui->actionCategorization->setChecked(m_settings->value(SettingKeys::categorization));
+    m_presenter->setGridVisible(grid);
+    const bool categorization = m_settings->value(SettingKeys::categorization);
+    m_ui->actionCategorization->setChecked(categorization);
+    m_detection->setVisible(categorization);
     m_ui->actionFrequency_Marker_1->setChecked(m_settings->value(SettingKeys::marker1));
     m_ui->actionFrequency_Marker_2->setChecked(m_settings->value(SettingKeys::marker2));
     m_panes->restore();

@@ -5,6 +5,7 @@
 #include "dsp/MyBatCall.h"
 
 #include <QMainWindow>
+#include <QMediaPlayer>
 #include <QStringList>
 #include <QVector>
 
@@ -12,23 +13,43 @@
 #include <unordered_map>
 #include <vector>
 
+class QTreeWidgetItem;
+
 namespace Ui {
 class MainWindow;
 }
 
+class AssignmentController;
+class AxisPlotsPresenter;
+class ClassTreePane;
+class DetectionOverlay;
 class FileActions;
+class FileListPane;
 class FileOpener;
+class FrequencyAxisView;
+class FrequencyMarkers;
+class GetFileInfoThread;
+class HeaderChain;
+class KeyRouter;
 class MessageBoxPrompts;
 class PaintWatch;
+class QThread;
+class PlayCursor;
+class PlaybackController;
+class PlayerControls;
 class PlotPanes;
 class RecordingFile;
 class RecordingLoader;
+class RecordingNavigator;
+class SelectionTool;
 class SettingsStore;
 class SpectrogramSettingsDialog;
 class SpectrogramView;
+class TimeAxisView;
 class ViewerPresenter;
 class WindowGeometry;
 class WorkerThreads;
+class WriteFileBextThread;
 class calcSpectrogramThread;
 struct RecordingSession;
 
@@ -57,6 +78,18 @@ signals:
     void signalCalcSpektrogramm(int sampleSize, int bitsPerSample, int windowSize, float frameSize,
                                 QString window, double overlap, std::vector<int>* timedata, int sampleRate,
                                 bool categorize);
+    void signalGetFileHeaderInfo(int index, const QString& filePath, bool calcClasses,
+                                 const QString& recorderResultFileName, int reviewMode);
+    void signalWriteFileBextExtended(int index, const QString& wavDirectory, QTreeWidgetItem* classItem,
+                                     const QList<QTreeWidgetItem*>& selectedFileItems);
+    void signalRenameClassFile(int index, const QString& wavDirectory, const QString& oldClassName,
+                               const QString& newClassName, const QList<QTreeWidgetItem*>& selectedFileItems);
+    void signalDeleteClassFile(int index, const QString& wavDirectory, const QString& deleteClassName,
+                               const QList<QTreeWidgetItem*>& selectedFileItems);
+    void signalUnassignFile(int index, const QString& wavDirectory,
+                            const QList<QTreeWidgetItem*>& selectedFileItems);
+    void signalResetFile(int index, const QString& wavDirectory,
+                         const QList<QTreeWidgetItem*>& selectedFileItems);
     /// The spectrogram of a loaded recording has been painted on the screen.
     void spectrogramPainted();
     /// A recording was asked for and cannot be shown.
@@ -73,9 +106,79 @@ public slots:
     void slotApplySpectroSettings();
     void spectroPanned(int x, int y);
 
+    // Axis plots, markers, zoom and selection
+    void mouseMoved(const QPointF& point);
+    void deactivateZoomer(bool on);
+    void plotSelectionRect(const QPolygon& polygon);
+    void moveSelectorLeft(const QPoint& point);
+    void moveSelectorRight(const QPoint& point);
+    void moveSelectorTop(const QPoint& point);
+    void moveSelectorBottom(const QPoint& point);
+    void moveMarker1(const QPointF& point);
+    void moveMarker2(const QPointF& point);
+    void spectroZoomed(const QRectF& rect);
+    void slotTimePlotChanged();
+    void slotFrequencyPlotChanged();
+    void on_toolButton_pressed();
+    void on_toolButton_2_pressed();
+
+    // Playback
+    void audioControlsChanged();
+    void positionChanged(qint64 progress);
+    void setAudioPlayerState(QMediaPlayer::State state);
+
+    // Export of plots
+    void on_actionExport_Spectrogram_triggered();
+    void on_actionExport_Amplitude_Plot_triggered();
+    void on_actionExport_Frequency_Plot_triggered();
+
     // Files
     void on_actionOpen_File_triggered();
     void on_actionOpen_Folder_triggered();
+
+    // File lists
+    void fileInfoHeaderFinished(int index, const QString& batClass, const QString& batClass2,
+                                const QString& batClass3, const QString& batClass4, const QString& autoClass,
+                                const QString& accepted, const QString& length, const QString& date,
+                                const QString& time, const QString& comment);
+    void restartFileHeaderLoading();
+    void on_treeWidget_fileView_itemDoubleClicked(QTreeWidgetItem* item, int column);
+    void on_treeWidget_fileView_itemChanged(QTreeWidgetItem* item, int column);
+    void on_treeWidget_fileView_itemSelectionChanged();
+    void on_treeWidget_2_itemDoubleClicked(QTreeWidgetItem* item, int column);
+    void on_treeWidget_2_itemChanged(QTreeWidgetItem* item, int column);
+    void on_treeWidget_2_itemSelectionChanged();
+    void on_pushButton_3_clicked();
+    void on_pushButton_4_clicked();
+    void on_pushButton_7_clicked();
+    void on_pushButton_8_clicked();
+
+    // Classes
+    void on_actionEvaluate_Folder_triggered();
+    void on_treeWidget_itemDoubleClicked(QTreeWidgetItem* item, int column);
+    void rightClickMenu(const QPoint& pos);
+    void rightClickMenu_fileView(const QPoint& pos);
+    void rightClickMenu_2(const QPoint& pos);
+    void assignFileToClass();
+    void reassign1triggered();
+    void reassign2triggered();
+    void reassign3triggered();
+    void reassign4triggered();
+    void unassign1triggered();
+    void unassign2triggered();
+    void unassign3triggered();
+    void unassign4triggered();
+    void fileBextFinishedExtended(int index, const QString& wavDirectory, QTreeWidgetItem* classItem,
+                                  const QList<QTreeWidgetItem*>& selectedFileItems, bool success);
+    void renameClassFileFinished(int index, const QString& wavDirectory, const QString& oldClassName,
+                                 const QString& newClassName,
+                                 const QList<QTreeWidgetItem*>& selectedFileItems, bool success);
+    void deleteClassFileFinished(int index, const QString& wavDirectory, const QString& deleteClassName,
+                                 const QList<QTreeWidgetItem*>& selectedFileItems, bool success);
+    void unassignFileFinished(int index, const QString& wavDirectory,
+                              const QList<QTreeWidgetItem*>& selectedFileItems, bool success);
+    void resetFileFinished(int index, const QString& wavDirectory,
+                           const QList<QTreeWidgetItem*>& selectedFileItems, bool success);
 
     // Settings
     void on_actionSpectrogram_Settings_triggered();
@@ -85,7 +188,10 @@ public slots:
     // View
     void on_actionAmplitude_Plot_triggered(bool checked);
     void on_actionFrequency_Axis_Plot_triggered(bool checked);
+    void on_actionFrequency_Marker_1_triggered(bool checked);
+    void on_actionFrequency_Marker_2_triggered(bool checked);
     void on_actionGrid_triggered(bool checked);
+    void on_actionCategorization_triggered(bool checked);
     void on_splitter_3_splitterMoved(int pos, int index);
 
     // Help
@@ -95,13 +201,26 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void setUpFrame();
     void setUpPlots();
+    void setUpPointer();
+    void setUpPlayback();
     void setUpPresenters();
+    void setUpLists();
+    void setUpClasses();
+    void setUpKeys();
     void setUpWorkers();
+    bool chooseClasses();
+    void setUpSpectrogramWorker();
+    void setUpHeaderWorker();
+    void setUpWritingWorker();
     void connectLoading();
+    void connectResult();
+    void connectLists();
+    void connectClasses();
     void connectSettings();
     void restoreSettings();
 
@@ -116,14 +235,35 @@ private:
 
     // Owned by the window as its children.
     SpectrogramView* m_spectrogram = nullptr;
+    TimeAxisView* m_timePlot = nullptr;
+    FrequencyAxisView* m_frequencyPlot = nullptr;
+    FrequencyMarkers* m_markers = nullptr;
+    SelectionTool* m_selection = nullptr;
+    DetectionOverlay* m_detection = nullptr;
+    PlayCursor* m_playCursor = nullptr;
+    PlayerControls* m_playerControls = nullptr;
+    PlaybackController* m_playback = nullptr;
     PaintWatch* m_paintWatch = nullptr;
     SpectrogramSettingsDialog* m_settingsDialog = nullptr;
     PlotPanes* m_panes = nullptr;
     FileOpener* m_opener = nullptr;
+    FileListPane* m_folderList = nullptr;
+    FileListPane* m_evaluationList = nullptr;
+    RecordingNavigator* m_folderNavigator = nullptr;
+    RecordingNavigator* m_evaluationNavigator = nullptr;
+    HeaderChain* m_headers = nullptr;
+    ClassTreePane* m_classTree = nullptr;
+    AssignmentController* m_assigning = nullptr;
+    KeyRouter* m_keys = nullptr;
     RecordingLoader* m_loader = nullptr;
     ViewerPresenter* m_presenter = nullptr;
+    AxisPlotsPresenter* m_axisPlots = nullptr;
 
-    calcSpectrogramThread* m_spectrogramWorker = nullptr; // owned by m_workers
+    // Owned by m_workers.
+    calcSpectrogramThread* m_spectrogramWorker = nullptr;
+    GetFileInfoThread* m_headerWorker = nullptr;
+    QThread* m_headerThread = nullptr; // runs only while headers are read
+    WriteFileBextThread* m_writingWorker = nullptr;
 };
 
 #endif

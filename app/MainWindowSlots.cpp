@@ -1,15 +1,30 @@
 // The switchboard: every slot is one statement that calls the object which knows.
 
 #include "app/AboutBox.h"
+#include "app/KeyRouter.h"
 #include "app/MainWindow.h"
 #include "app/PlotPanes.h"
 #include "base/SettingsStore.h"
+#include "classes/AssignmentController.h"
+#include "classes/ClassTreePane.h"
+#include "classes/DirectEdits.h"
+#include "classes/FileListMenus.h"
 #include "recordings/RecordingSession.h"
 #include "ui_MainWindow.h"
+#include "viewer/AxisPlotsPresenter.h"
+#include "viewer/FileListPane.h"
 #include "viewer/FileOpener.h"
+#include "viewer/FrequencyAxisView.h"
+#include "viewer/FrequencyMarkers.h"
+#include "viewer/HeaderChain.h"
+#include "viewer/PlaybackController.h"
+#include "viewer/PlotExporter.h"
 #include "viewer/RecordingLoader.h"
+#include "viewer/RecordingNavigator.h"
+#include "viewer/SelectionTool.h"
 #include "viewer/SpectrogramSettingsDialog.h"
 #include "viewer/SpectrogramView.h"
+#include "viewer/TimeAxisView.h"
 #include "viewer/ViewerPresenter.h"
 
 #include <QDragEnterEvent>
@@ -60,6 +75,112 @@ void MainWindow::spectroPanned(int x, int y)
     m_spectrogram->logPanned(x, y);
 }
 
+// Axis plots, markers, zoom and selection
+
+void MainWindow::mouseMoved(const QPointF& point)
+{
+    m_selection->mouseMoved(point);
+}
+
+void MainWindow::deactivateZoomer(bool on)
+{
+    m_selection->deactivateZoomer(on);
+}
+
+void MainWindow::plotSelectionRect(const QPolygon& polygon)
+{
+    m_selection->plotSelectionRect(polygon);
+}
+
+void MainWindow::moveSelectorLeft(const QPoint& point)
+{
+    m_selection->moveSelectorLeft(point);
+}
+
+void MainWindow::moveSelectorRight(const QPoint& point)
+{
+    m_selection->moveSelectorRight(point);
+}
+
+void MainWindow::moveSelectorTop(const QPoint& point)
+{
+    m_selection->moveSelectorTop(point);
+}
+
+void MainWindow::moveSelectorBottom(const QPoint& point)
+{
+    m_selection->moveSelectorBottom(point);
+}
+
+void MainWindow::moveMarker1(const QPointF& point)
+{
+    m_markers->moveMarker1(point);
+}
+
+void MainWindow::moveMarker2(const QPointF& point)
+{
+    m_markers->moveMarker2(point);
+}
+
+void MainWindow::spectroZoomed(const QRectF& rect)
+{
+    m_axisPlots->spectroZoomed(rect);
+}
+
+void MainWindow::slotTimePlotChanged()
+{
+    m_axisPlots->slotTimePlotChanged();
+}
+
+void MainWindow::slotFrequencyPlotChanged()
+{
+    m_axisPlots->slotFrequencyPlotChanged();
+}
+
+void MainWindow::on_toolButton_pressed()
+{
+    m_selection->setMode(SelectionTool::Mode::Zoom);
+}
+
+void MainWindow::on_toolButton_2_pressed()
+{
+    m_selection->setMode(SelectionTool::Mode::Selection);
+}
+
+// Playback
+
+void MainWindow::audioControlsChanged()
+{
+    m_playback->audioControlsChanged();
+}
+
+void MainWindow::positionChanged(qint64 progress)
+{
+    m_playback->positionChanged(progress);
+}
+
+void MainWindow::setAudioPlayerState(QMediaPlayer::State state)
+{
+    m_playback->setAudioPlayerState(state);
+}
+
+// Export of plots
+
+void MainWindow::on_actionExport_Spectrogram_triggered()
+{
+    PlotExporter::exportTo(*m_spectrogram, QStringLiteral("Spectrogram.pdf"));
+}
+
+void MainWindow::on_actionExport_Amplitude_Plot_triggered()
+{
+    PlotExporter::exportTo(*m_timePlot, QStringLiteral("TimeAxisPlot.pdf"));
+}
+
+void MainWindow::on_actionExport_Frequency_Plot_triggered()
+{
+    PlotExporter::exportTo(*m_frequencyPlot, QStringLiteral("FrequencyAxisPlot.pdf"));
+}
+
 // Files
 
 void MainWindow::on_actionOpen_File_triggered()
@@ -80,6 +201,183 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 void MainWindow::dropEvent(QDropEvent* event)
 {
     m_opener->drop(event->mimeData()->urls());
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    return m_keys->handle(watched, event) || QMainWindow::eventFilter(watched, event);
+}
+
+// File lists
+
+void MainWindow::fileInfoHeaderFinished(int index, const QString& batClass, const QString& batClass2,
+                                        const QString& batClass3, const QString& batClass4,
+                                        const QString& autoClass, const QString& accepted,
+                                        const QString& length, const QString& date, const QString& time,
+                                        const QString& comment)
+{
+    m_headers->fileInfoHeaderFinished(index, batClass, batClass2, batClass3, batClass4, autoClass, accepted,
+                                      length, date, time, comment);
+}
+
+void MainWindow::restartFileHeaderLoading()
+{
+    m_headers->restartFileHeaderLoading();
+}
+
+void MainWindow::on_treeWidget_fileView_itemDoubleClicked(QTreeWidgetItem* item, int column)
+{
+    m_evaluationNavigator->itemDoubleClicked(item, column);
+}
+
+void MainWindow::on_treeWidget_fileView_itemChanged(QTreeWidgetItem* item, int column)
+{
+    m_evaluationList->itemChanged(item, column);
+}
+
+void MainWindow::on_treeWidget_fileView_itemSelectionChanged()
+{
+    m_evaluationList->selectionChanged();
+}
+
+void MainWindow::on_treeWidget_2_itemDoubleClicked(QTreeWidgetItem* item, int column)
+{
+    m_folderNavigator->itemDoubleClicked(item, column);
+}
+
+void MainWindow::on_treeWidget_2_itemChanged(QTreeWidgetItem* item, int column)
+{
+    m_folderList->itemChanged(item, column);
+}
+
+void MainWindow::on_treeWidget_2_itemSelectionChanged()
+{
+    m_folderList->selectionChanged();
+}
+
+void MainWindow::on_pushButton_3_clicked()
+{
+    m_folderNavigator->previous();
+}
+
+void MainWindow::on_pushButton_4_clicked()
+{
+    m_folderNavigator->next();
+}
+
+void MainWindow::on_pushButton_7_clicked()
+{
+    m_evaluationNavigator->previous();
+}
+
+void MainWindow::on_pushButton_8_clicked()
+{
+    m_evaluationNavigator->next();
+}
+
+// Classes
+
+void MainWindow::on_actionEvaluate_Folder_triggered()
+{
+    m_opener->openFolderForEvaluation([this] { return chooseClasses(); });
+}
+
+void MainWindow::on_treeWidget_itemDoubleClicked(QTreeWidgetItem* item, int /*column*/)
+{
+    m_classTree->activate(item);
+}
+
+void MainWindow::rightClickMenu(const QPoint& pos)
+{
+    m_classTree->showMenu(pos);
+}
+
+void MainWindow::rightClickMenu_fileView(const QPoint& pos)
+{
+    m_assigning->menus().showEvaluationMenu(pos);
+}
+
+void MainWindow::rightClickMenu_2(const QPoint& pos)
+{
+    m_assigning->menus().showFolderMenu(pos);
+}
+
+void MainWindow::assignFileToClass()
+{
+    m_assigning->assignFileToClass();
+}
+
+void MainWindow::reassign1triggered()
+{
+    m_assigning->directEdits().reassign(0);
+}
+
+void MainWindow::reassign2triggered()
+{
+    m_assigning->directEdits().reassign(1);
+}
+
+void MainWindow::reassign3triggered()
+{
+    m_assigning->directEdits().reassign(2);
+}
+
+void MainWindow::reassign4triggered()
+{
+    m_assigning->directEdits().reassign(3);
+}
+
+void MainWindow::unassign1triggered()
+{
+    m_assigning->directEdits().unassign(0);
+}
+
+void MainWindow::unassign2triggered()
+{
+    m_assigning->directEdits().unassign(1);
+}
+
+void MainWindow::unassign3triggered()
+{
+    m_assigning->directEdits().unassign(2);
+}
+
+void MainWindow::unassign4triggered()
+{
+    m_assigning->directEdits().unassign(3);
+}
+
+void MainWindow::fileBextFinishedExtended(int index, const QString& wavDirectory, QTreeWidgetItem* classItem,
+                                          const QList<QTreeWidgetItem*>& selectedFileItems, bool success)
+{
+    m_assigning->fileBextFinishedExtended(index, wavDirectory, classItem, selectedFileItems, success);
+}
+
+void MainWindow::renameClassFileFinished(int index, const QString& wavDirectory, const QString& oldClassName,
+                                         const QString& newClassName,
+                                         const QList<QTreeWidgetItem*>& selectedFileItems, bool success)
+{
+    m_assigning->renameClassFileFinished(index, wavDirectory, oldClassName, newClassName, selectedFileItems,
+                                         success);
+}
+
+void MainWindow::deleteClassFileFinished(int index, const QString& wavDirectory,
+                                         const QString& deleteClassName,
+                                         const QList<QTreeWidgetItem*>& selectedFileItems, bool success)
+{
+    m_assigning->deleteClassFileFinished(index, wavDirectory, deleteClassName, selectedFileItems, success);
+}
+
+void MainWindow::unassignFileFinished(int index, const QString& wavDirectory,
+                                      const QList<QTreeWidgetItem*>& selectedFileItems, bool success)
+{
+    m_assigning->unassignFileFinished(index, wavDirectory, selectedFileItems, success);
+}
+
+void MainWindow::resetFileFinished(int index, const QString& wavDirectory,
+                                   const QList<QTreeWidgetItem*>& selectedFileItems, bool success)
+{
+    m_assigning->resetFileFinished(index, wavDirectory, selectedFileItems, success);
 }
 
 // Settings
@@ -115,6 +413,21 @@ void MainWindow::on_actionAmplitude_Plot_triggered(bool checked)
 void MainWindow::on_actionFrequency_Axis_Plot_triggered(bool checked)
 {
     m_panes->setFrequencyPlotShown(checked);
+}
+
+void MainWindow::on_actionFrequency_Marker_1_triggered(bool checked)
+{
+    m_markers->setMarker1Shown(checked);
+}
+
+void MainWindow::on_actionFrequency_Marker_2_triggered(bool checked)
+{
+    m_markers->setMarker2Shown(checked);
+}
+
+void MainWindow::on_actionCategorization_triggered(bool checked)
+{
+    m_presenter->setDetectionShown(checked);
 }
 
 void MainWindow::on_actionGrid_triggered(bool checked)

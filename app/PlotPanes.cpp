@@ -11,8 +11,13 @@ PlotPanes::PlotPanes(const Ui::MainWindow& form, SettingsStore& settings, QObjec
     m_form.splitter->setStretchFactor(0, 3);
     m_form.splitter->setStretchFactor(1, 2);
     m_form.splitter->setCollapsible(0, false);
+    m_form.splitter->setSizes({600, 280});
+    m_form.splitterLists->setStretchFactor(0, 1);
+    m_form.splitterLists->setStretchFactor(1, 2);
+    m_form.splitterLists->setSizes({300, 800, 800});
     m_form.splitter_2->setStretchFactor(0, 1);
     m_form.splitter_2->setStretchFactor(1, 3);
+    m_form.splitter_2->setSizes({150, 450});
     m_form.splitter_3->setStretchFactor(0, 0);
     m_form.splitter_3->setStretchFactor(1, 1);
     m_form.splitter_3->setCollapsible(1, false);

@@ -59,7 +59,13 @@ void playCursor(benchmark::State& state)
 
 void frequencyMarker(benchmark::State& state)
 {
-    run(state, [](int i) { scene().markers.moveMarker1({0.0, i / 10.0}); });
+    CanvasMouse mouse(scene().spectrogram->canvas());
+    const double stored = scene().settings.value(SettingKeys::valueMarker1);
+    const QPoint onMarker(100, qRound(scene().spectrogram->transform(QwtPlot::yLeft, stored)));
+    mouse.move(onMarker);
+    mouse.press(onMarker);
+    run(state, [&mouse](int i) { mouse.move(QPoint(100, i * 3 / 4)); });
+    mouse.release(onMarker);
 }
 
 void selectionEdge(benchmark::State& state)

@@ -159,7 +159,7 @@ void report(benchmark::State& state, const char* peer, const Pair& best)
 void readHeaders(benchmark::State& state)
 {
     readAll(); // the first round fills the cache
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         Pair best;
         for (int i = 0; i < rounds; ++i)
             best.round(readAll, readAllBare);
@@ -169,7 +169,7 @@ void readHeaders(benchmark::State& state)
 
 void writeRecords(benchmark::State& state)
 {
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         Pair best;
         for (int i = 0; i < rounds; ++i) // another text each time, since what is there already is not written
             best.round([i] { writeAll(QStringLiteral("Pip|Pip|1|round %1").arg(i)); },
@@ -187,7 +187,7 @@ void againstProgram(benchmark::State& state, const QString& name, const QStringL
         state.SkipWithError("not installed");
         return;
     }
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         Pair best;
         for (int i = 0; i < times; ++i)
             best.round(readAll, [&] {

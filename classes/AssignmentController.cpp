@@ -3,7 +3,6 @@
 #include "base/UserPrompts.h"
 #include "classes/AssignSecondClassDialog.h"
 #include "classes/ClassTreePane.h"
-#include "classes/CommentEditing.h"
 #include "classes/DirectEdits.h"
 #include "classes/FileDeletion.h"
 #include "classes/FileListMenus.h"
@@ -12,9 +11,6 @@
 #include "recordings/RecordingSession.h"
 #include "recordings/rows/RowItem.h"
 
-#include <QApplication>
-#include <QKeyEvent>
-#include <QLineEdit>
 #include <QTreeWidget>
 
 #include <utility>
@@ -25,13 +21,6 @@ using Answer = UserPrompts::Answer;
 
 /// From here on the class tree is a fixed one: Vantor folder evaluation, and review.
 constexpr int firstModeWithFixedTree = 3;
-
-/// An open editor passes on keys that it has no use for.
-bool hasEditorFocus(const QTreeWidget& list)
-{
-    const QWidget* focus = QApplication::focusWidget();
-    return qobject_cast<const QLineEdit*>(focus) && list.isAncestorOf(focus);
-}
 
 } // namespace
 
@@ -48,16 +37,9 @@ AssignmentController::AssignmentController(QWidget& window, const Lists& lists, 
       m_directEdits(
           std::make_unique<DirectEdits>(lists.evaluation, classes, session, *m_run, m_rows, prompts)),
       m_deletion(std::make_unique<FileDeletion>(lists.evaluation, classes, session, *m_run, prompts)),
-      m_comments(std::make_unique<CommentEditing>(session, *m_run, prompts)),
       m_menus(std::make_unique<FileListMenus>(*this, lists.evaluation, lists.folder, classes))
 {
-    for (QTreeWidget* list : {&m_lists.evaluation, &m_lists.folder}) {
-        list->setSelectionMode(QAbstractItemView::ExtendedSelection);
-        list->setUniformRowHeights(true); // else each changed text is measured
-        list->installEventFilter(this);
-        m_comments->addList(*list);
-    }
-    connect(m_run, &FileRun::activeChanged, this, &AssignmentController::runningChanged);
+    connect(m_run, &FileRun::rowsInUseChanged, this, &AssignmentController::rowsInUseChanged);
     connect(&m_classes, &ClassTreePane::deletionWanted, this, &AssignmentController::deleteClass);
     connect(&m_classes, &ClassTreePane::renamingWanted, this, &AssignmentController::renameClass);
     connect(&m_classes, &ClassTreePane::fileWanted, this, &AssignmentController::showFirstFileOf);
@@ -75,6 +57,7 @@ void AssignmentController::assign(QTreeWidgetItem* classItem)
 {
     if (isRunning())
         return;
+    const FileRun::RowsInUse use(*m_run);
     const QList<QTreeWidgetItem*> selected = selectedRecordings(m_lists.evaluation);
     const bool asksAboutNoCall = m_session.viewMode < firstModeWithFixedTree;
     const AssignmentPlan plan(classItem->text(ClassTreePane::Name), recordsOf(selected), asksAboutNoCall);
@@ -82,6 +65,16 @@ void AssignmentController::assign(QTreeWidgetItem* classItem)
     for (const int index : plan.settle(m_prompts))
         files.append(selected.at(index));
     startAssigning(classItem, files);
+}
+
+bool AssignmentController::assignByShortcut(const QString& shortcut)
+{
+    QTreeWidgetItem* classItem = m_classes.itemOfShortcut(shortcut);
+    if (!classItem || !m_lists.evaluation.selectionModel()->hasSelection())
+        return false;
+    if (!isRunning())
+        startAssigning(classItem, selectedRecordings(m_lists.evaluation));
+    return true;
 }
 
 void AssignmentController::warnOfEmptyTree()
@@ -142,12 +135,6 @@ void AssignmentController::resetAllFiles()
             m_classes.setClassTree(m_classes.classTree().reviewAfterReset());
             emit reloadAfterReset();
         });
-}
-
-void AssignmentController::deleteSelectedFiles(QTreeWidget& list)
-{
-    if (listIsComplete())
-        m_deletion->deleteSelected(list);
 }
 
 void AssignmentController::deleteClass(QTreeWidgetItem* classItem)
@@ -282,42 +269,6 @@ void AssignmentController::resetFileFinished(int index, const QString&, const QL
     answered(index, success);
 }
 
-bool AssignmentController::eventFilter(QObject* watched, QEvent* event)
-{
-    for (QTreeWidget* list : {&m_lists.evaluation, &m_lists.folder}) {
-        if (watched != list || event->type() != QEvent::KeyPress || hasEditorFocus(*list))
-            continue;
-        const auto* keyEvent = static_cast<QKeyEvent*>(event);
-        if (keyPressed(*list, keyEvent->key(), keyEvent->modifiers() & ~Qt::KeypadModifier, keyEvent->text()))
-            return true;
-    }
-    return QObject::eventFilter(watched, event);
-}
-
-bool AssignmentController::keyPressed(QTreeWidget& list, int key, Qt::KeyboardModifiers modifiers,
-                                      const QString& text)
-{
-    if (key == Qt::Key_Delete && modifiers == Qt::NoModifier) {
-        deleteSelectedFiles(list);
-        return true;
-    }
-    const bool isLetter = key >= Qt::Key_A && key <= Qt::Key_Z;
-    const bool isPlain = modifiers == Qt::NoModifier || modifiers == Qt::ShiftModifier;
-    return &list == &m_lists.evaluation && isLetter && isPlain && assignByKey(text);
-}
-
-/// Whether there is a class with this shortcut and something to assign to it.
-bool AssignmentController::assignByKey(const QString& text)
-{
-    const QString shortcut = text.size() == 1 ? ClassTree::shortcutOf(text.at(0)) : QString();
-    QTreeWidgetItem* classItem = m_classes.itemOfShortcut(shortcut);
-    if (!classItem || !m_lists.evaluation.selectionModel()->hasSelection())
-        return false;
-    if (!isRunning())
-        startAssigning(classItem, selectedRecordings(m_lists.evaluation));
-    return true;
-}
-
 QList<QTreeWidgetItem*> AssignmentController::carriersOf(const QString& className) const
 {
     QList<QTreeWidgetItem*> carriers;
@@ -349,10 +300,10 @@ void AssignmentController::warnOfMissingClass(const QString& object)
 
 bool AssignmentController::listIsComplete()
 {
-    if (m_listLoading)
+    if (!m_listComplete)
         m_prompts.inform(QStringLiteral("Information"),
-                         QStringLiteral("Please wait until all files have been read."));
-    return !m_listLoading;
+                         QStringLiteral("Please wait until all files of the list have been read."));
+    return m_listComplete;
 }
 
 bool AssignmentController::confirms(const QString& question)

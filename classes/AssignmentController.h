@@ -12,7 +12,6 @@
 #include <memory>
 
 class ClassTreePane;
-class CommentEditing;
 class DirectEdits;
 class FileDeletion;
 class FileListMenus;
@@ -29,9 +28,7 @@ struct RecordingSession;
 /// worker used, once its file has been written. Gestures during a run are ignored, and so are those that need
 /// the whole list while it is being loaded.
 ///
-/// Keys of the evaluation list: a letter assigns the class with that shortcut, without questions; Delete
-/// deletes the selected files. Delete works in the folder list, too. GUI thread. The worker reads rows of
-/// these lists while a run is active: stop its thread before the lists go.
+/// GUI thread. The worker reads rows of these lists while a run is active: stop its thread before they go.
 class AssignmentController : public QObject
 {
     Q_OBJECT
@@ -50,25 +47,26 @@ public:
 
     DirectEdits& directEdits() { return *m_directEdits; }
     FileDeletion& deletion() { return *m_deletion; }
-    CommentEditing& comments() { return *m_comments; }
     FileListMenus& menus() { return *m_menus; }
 
-    /// A run is active: nothing may be opened, and no row changed or removed by others.
+    /// A run is active: its gestures are ignored, and no row is to be changed or removed by others.
     bool isRunning() const { return m_run->isActive(); }
-    /// The headers of a list are being read. Files are not deleted meanwhile, and classes not renamed or
-    /// deleted: rows still to come would be missed.
-    void setListLoading(bool loading) { m_listLoading = loading; }
-    bool isListLoading() const { return m_listLoading; }
+    /// Whether the headers of all rows have been read. Until then classes are not renamed or deleted, and
+    /// files not reset: rows still to come would be missed.
+    void setListComplete(bool complete) { m_listComplete = complete; }
+    bool isListComplete() const { return m_listComplete; }
 
     // Gestures on the selected files of the evaluation list.
     void assignFileToClass(); ///< to the class whose button was pressed
     void assign(QTreeWidgetItem* classItem);
+    /// By a letter key, without questions. False, and nothing happens, when no class has the shortcut ("<A>")
+    /// or no file is selected.
+    bool assignByShortcut(const QString& shortcut);
     void warnOfEmptyTree();       ///< in place of an assignment
     void assignAdditionalClass(); ///< asks for the class
     void unassignAllClasses();
     /// All files of the list, not only the selected ones.
     void resetAllFiles();
-    void deleteSelectedFiles(QTreeWidget& list);
 
     // Gestures on the class tree.
     void deleteClass(QTreeWidgetItem* classItem);
@@ -104,16 +102,14 @@ signals:
     void signalResetFile(int index, const QString& wavDirectory,
                          const QList<QTreeWidgetItem*>& selectedFileItems);
 
-    /// A run begins or ends.
-    void runningChanged(bool running);
+    /// From a gesture's first question to the end of its run: no list is to be made anew, and nothing opened
+    /// that would.
+    void rowsInUseChanged(bool inUse);
     /// The row has been made current and is to be loaded.
     void rowToBeLoaded(QTreeWidgetItem* row);
     /// All files have been reset and the class tree has been replaced: list the folder's WAV files again and
     /// read their headers with new proposals.
     void reloadAfterReset();
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     /// What the active run does to each of its files.
@@ -127,8 +123,6 @@ private:
     void start(const QString& label, bool cancellable, Run run, std::function<void(int)> request,
                std::function<void(bool completed)> ended);
     void answered(int index, bool success);
-    bool assignByKey(const QString& text);
-    bool keyPressed(QTreeWidget& list, int key, Qt::KeyboardModifiers modifiers, const QString& text);
     QList<QTreeWidgetItem*> carriersOf(const QString& className) const;
     QTreeWidgetItem* firstFileOf(const QString& className) const;
     void warnOfMissingClass(const QString& object);
@@ -143,10 +137,9 @@ private:
     RowUpdater m_rows;
     FileRun* m_run; // child of the window
     Run m_present;
-    bool m_listLoading = false;
+    bool m_listComplete = true;
     std::unique_ptr<DirectEdits> m_directEdits;
     std::unique_ptr<FileDeletion> m_deletion;
-    std::unique_ptr<CommentEditing> m_comments;
     std::unique_ptr<FileListMenus> m_menus;
 };
 

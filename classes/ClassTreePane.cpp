@@ -4,7 +4,6 @@
 
 #include <QHeaderView>
 #include <QIcon>
-#include <QKeyEvent>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
@@ -22,8 +21,9 @@ ClassTreePane::ClassTreePane(QTreeWidget& tree, UserPrompts& prompts)
 {
     setUpColumns();
     m_unassigned = new QTreeWidgetItem(&m_tree, {ClassTree::unassigned(), QStringLiteral("0")});
+    m_unassigned->setTextAlignment(Count, Qt::AlignRight | Qt::AlignVCenter);
     describe(m_unassigned);
-    m_tree.installEventFilter(this);
+    m_tree.setUniformRowHeights(true);
     m_countTimer.setSingleShot(true);
     m_countTimer.setInterval(countInterval);
     connect(&m_countTimer, &QTimer::timeout, this, [this] {
@@ -45,12 +45,10 @@ void ClassTreePane::setUpColumns()
     header->setSectionResizeMode(QHeaderView::Interactive);
     header->setSectionResizeMode(Name, QHeaderView::Stretch);
     header->setSectionResizeMode(AssignButton, QHeaderView::Fixed);
-    const QFontMetrics metrics(m_tree.font());
-    const int margin = 2 * metrics.averageCharWidth() + 8;
-    header->setMinimumSectionSize(margin);
-    header->resizeSection(Count, metrics.horizontalAdvance(QStringLiteral("000000")) + margin);
-    header->resizeSection(Shortcut, metrics.horizontalAdvance(QStringLiteral("shortcut")) + margin);
-    header->resizeSection(AssignButton, m_tree.iconSize().isValid() ? m_tree.iconSize().width() + 16 : 36);
+    constexpr int buttonWidth = 32;
+    header->resizeSection(Count, header->sectionSizeHint(Count));
+    header->resizeSection(Shortcut, header->sectionSizeHint(Shortcut));
+    header->resizeSection(AssignButton, buttonWidth);
 }
 
 void ClassTreePane::setClassTree(const ClassTree& classes)
@@ -95,15 +93,15 @@ void ClassTreePane::clearCounts()
     countsChanged();
 }
 
-void ClassTreePane::countAdded(const ClassRecord& record)
+void ClassTreePane::countAdded(const RecordingRow& row)
 {
-    m_counts.add(record);
+    m_counts.add(row.record);
     countsChanged();
 }
 
-void ClassTreePane::countRemoved(const ClassRecord& record)
+void ClassTreePane::countRemoved(const RecordingRow& row)
 {
-    m_counts.remove(record);
+    m_counts.remove(row.record);
     countsChanged();
 }
 
@@ -156,31 +154,24 @@ void ClassTreePane::activate(const QTreeWidgetItem* item)
         emit fileWanted(item == m_unassigned ? QString() : item->text(Name));
 }
 
-bool ClassTreePane::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == &m_tree && event->type() == QEvent::KeyPress) {
-        const auto* keyEvent = static_cast<QKeyEvent*>(event);
-        if (keyPressed(keyEvent->key(), keyEvent->modifiers() & ~Qt::KeypadModifier))
-            return true;
-    }
-    return QObject::eventFilter(watched, event);
-}
-
-bool ClassTreePane::keyPressed(int key, Qt::KeyboardModifiers modifiers)
+void ClassTreePane::assignCurrent()
 {
     QTreeWidgetItem* item = m_tree.currentItem();
-    if (!item || (modifiers != Qt::NoModifier && modifiers != Qt::ControlModifier))
-        return false;
-    const bool isReturn = key == Qt::Key_Return || key == Qt::Key_Enter;
-    if (isReturn && (modifiers == Qt::ControlModifier || item == m_unassigned))
-        activate(item);
-    else if (isReturn)
+    if (m_editor->isClass(item))
         assign(item);
-    else if (key == Qt::Key_Delete && modifiers == Qt::NoModifier && item != m_unassigned)
-        emit deletionWanted(item);
     else
-        return false;
-    return true;
+        activate(item);
+}
+
+void ClassTreePane::activateCurrent()
+{
+    activate(m_tree.currentItem());
+}
+
+void ClassTreePane::deleteCurrent()
+{
+    if (m_editor->isClass(m_tree.currentItem()))
+        emit deletionWanted(m_tree.currentItem());
 }
 
 void ClassTreePane::assign(QTreeWidgetItem* item)

@@ -3,6 +3,7 @@
 
 #include "classes/core/ClassCounts.h"
 #include "classes/core/ClassTree.h"
+#include "recordings/RecordingRow.h"
 
 #include <QObject>
 #include <QTimer>
@@ -16,9 +17,7 @@ class UserPrompts;
 /// that assigns the selected files. The last row, "Unassigned", stands for the files without a class and is
 /// no class itself.
 ///
-/// Keys of the tree: Return or Enter does what the row's button does (on "Unassigned" what a double-click
-/// does), with Ctrl it does what a double-click does; Delete deletes the class. The pane changes no file:
-/// what concerns files is a signal. GUI thread.
+/// The pane changes no file: what concerns files is a signal. GUI thread.
 class ClassTreePane : public QObject
 {
     Q_OBJECT
@@ -46,8 +45,8 @@ public:
 
     // Counts. A row of the file list counts from the time its header has been read.
     void clearCounts(); ///< the list is made anew
-    void countAdded(const ClassRecord& record);
-    void countRemoved(const ClassRecord& record);
+    void countAdded(const RecordingRow& row);
+    void countRemoved(const RecordingRow& row);
     void countChanged(const ClassRecord& before, const ClassRecord& after);
 
     /// While held, counts are shown by showCounts() only: the worker reads the row of a class while a request
@@ -61,6 +60,11 @@ public:
     /// What a double-click on a row does.
     void activate(const QTreeWidgetItem* item);
 
+    // Keys, for the current row.
+    void assignCurrent();   ///< Return: what the row's button does; on "Unassigned" as a double-click
+    void activateCurrent(); ///< Ctrl with Return: as a double-click
+    void deleteCurrent();   ///< Delete
+
 signals:
     /// Assign the selected files to clickedClass().
     void assignButtonClicked();
@@ -70,15 +74,11 @@ signals:
     /// The first file of a class is wanted; the name is empty for files without a class.
     void fileWanted(const QString& className);
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     void setUpColumns();
     void addButton(QTreeWidgetItem* item);
     void describe(QTreeWidgetItem* item);
     void assign(QTreeWidgetItem* item);
-    bool keyPressed(int key, Qt::KeyboardModifiers modifiers);
     void countsChanged();
 
     QTreeWidget& m_tree;

@@ -11,8 +11,6 @@
 #include "recordings/rows/RowItem.h"
 #include "recordings/writeBextDescription.h"
 
-#include <QCheckBox>
-#include <QSignalBlocker>
 #include <QTreeWidget>
 
 namespace {
@@ -41,20 +39,22 @@ DirectEdits::DirectEdits(QTreeWidget& list, ClassTreePane& classes, const Record
     : m_list(list), m_classes(classes), m_session(session), m_run(run), m_rows(rows), m_prompts(prompts)
 {}
 
-void DirectEdits::acceptProposal(QObject* checkBox, int state)
+void DirectEdits::acceptProposal(QTreeWidgetItem* row, bool accepted)
 {
-    QTreeWidgetItem* row = rowOf(checkBox);
-    if (!row)
-        return;
-    const bool accepted = state == Qt::Checked;
-    const bool applied =
-        !m_run.isActive() && apply(*row, classRecordEdit::acceptProposal(RowItem::read(*row), accepted));
-    if (applied)
-        return;
-    const QSignalBlocker quiet(checkBox);
-    static_cast<QCheckBox*>(checkBox)->setChecked(!accepted);
-    if (!m_run.isActive())
+    if (row && !m_run.isActive() &&
+        !apply(*row, classRecordEdit::acceptProposal(RowItem::read(*row), accepted)))
         m_prompts.fail(QStringLiteral("Error"), failure(*row, assignmentLoss()));
+}
+
+void DirectEdits::setComment(QTreeWidgetItem* row, const QString& comment)
+{
+    if (!row || m_run.isActive())
+        return;
+    const RecordEdit edit = classRecordEdit::setComment(RowItem::read(*row), comment);
+    const bool isSafe = !edit.writesFile() || (edit.fits() && ClassRecord::acceptsComment(comment));
+    if (!isSafe || !apply(*row, edit))
+        m_prompts.fail(QStringLiteral("Error"),
+                       failure(*row, QStringLiteral("\nNew comment is not saved to wav file.")));
 }
 
 void DirectEdits::reassign(int slot)
@@ -66,6 +66,7 @@ void DirectEdits::reassign(int slot)
             QStringLiteral("Please add new class to class tree, before reassigning class %1.").arg(slot + 1));
         return;
     }
+    const FileRun::RowsInUse use(m_run);
     const QList<QTreeWidgetItem*> rows = selectedRecordings(m_list);
     const QVector<ClassRecord> records = recordsOf(rows);
     if (m_run.isActive() || !AssignmentPlan::anyHasSlot(slot, records))
@@ -88,18 +89,6 @@ void DirectEdits::unassign(int slot)
     applyToSelected(
         QStringLiteral("Unassigning..."), selectedRecordings(m_list),
         [slot](const RecordingRow& row) { return classRecordEdit::unassign(row, slot); }, unassignmentLoss());
-}
-
-QTreeWidgetItem* DirectEdits::rowOf(QObject* checkBox) const
-{
-    const auto* box = qobject_cast<QCheckBox*>(checkBox);
-    for (int number = 0; box && number < m_list.topLevelItemCount(); ++number) {
-        QTreeWidgetItem* row = m_list.topLevelItem(number);
-        const QWidget* cell = m_list.itemWidget(row, RowItem::Accepted);
-        if (cell && (cell == box || cell->isAncestorOf(box)))
-            return row;
-    }
-    return nullptr;
 }
 
 void DirectEdits::applyToSelected(const QString& label, const QList<QTreeWidgetItem*>& rows, const Edit& edit,

@@ -16,9 +16,9 @@ class RowUpdater;
 class UserPrompts;
 struct RecordingSession;
 
-/// The changes of single classes that are written on the GUI thread: accepting a proposal, and putting
-/// another class into a slot or taking it out, for the selected files of the evaluation list. A row changes
-/// once its file has been written. GUI thread.
+/// The changes that are written on the GUI thread: a comment, accepting a proposal, and putting another class
+/// into a slot or taking it out, for the selected files of the evaluation list. A row changes once its file
+/// has been written. While a run is active nothing happens. GUI thread.
 class DirectEdits : public QObject
 {
     Q_OBJECT
@@ -28,9 +28,11 @@ public:
     DirectEdits(QTreeWidget& list, ClassTreePane& classes, const RecordingSession& session, FileRun& run,
                 RowUpdater& rows, UserPrompts& prompts);
 
-    /// A check box "Accept proposal" of the list has been changed by the user, to a Qt::CheckState. The box
-    /// goes back when the file cannot be written.
-    void acceptProposal(QObject* checkBox, int state);
+    /// The user has changed the check box "Accept proposal" of a row. Until the file is written, the row
+    /// keeps its flag.
+    void acceptProposal(QTreeWidgetItem* row, bool accepted);
+    /// The user has typed a comment; the row, which may be one of any list, still has the old one.
+    void setComment(QTreeWidgetItem* row, const QString& comment);
 
     // Slots count from 0: slot 0 is "class 1".
     void reassign(int slot); ///< asks for the class

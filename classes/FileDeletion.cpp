@@ -19,6 +19,7 @@ FileDeletion::FileDeletion(QTreeWidget& countedList, ClassTreePane& classes, con
 
 void FileDeletion::deleteSelected(QTreeWidget& list)
 {
+    const FileRun::RowsInUse use(m_run);
     const QList<QTreeWidgetItem*> rows = selectedRows(list);
     if (rows.isEmpty() || m_run.isActive() || !confirms(rows))
         return;
@@ -59,10 +60,13 @@ void FileDeletion::removeRows(QTreeWidget& list, const QList<QTreeWidgetItem*>& 
     if (rows.isEmpty())
         return;
     m_classes.holdCounts();
-    for (const QTreeWidgetItem* row : rows)
-        if (&list == &m_countedList && RowItem::read(*row).isHeaderRead())
-            m_classes.countRemoved(RowItem::read(*row).record);
+    for (const QTreeWidgetItem* item : rows) {
+        const RecordingRow row = RowItem::read(*item);
+        if (&list == &m_countedList && row.isHeaderRead())
+            m_classes.countRemoved(row);
+    }
     m_classes.releaseCounts();
+    list.clearSelection(); // else each of its parts is looked at with each removal
     // Neighbours at once, from the bottom: each removal makes the view look at all its rows.
     int last = rows.size() - 1;
     while (last >= 0) {

@@ -3,6 +3,7 @@
 #include "classes/AssignmentController.h"
 #include "classes/ClassTreePane.h"
 #include "classes/DirectEdits.h"
+#include "classes/FileDeletion.h"
 #include "classes/core/AssignmentPlan.h"
 #include "classes/selectedRows.h"
 
@@ -49,11 +50,11 @@ std::unique_ptr<QMenu> FileListMenus::evaluationMenu()
         menu->addSeparator();
     }
     menu->addAction(QStringLiteral("&Reset all files"), &m_assigning, &AssignmentController::resetAllFiles)
-        ->setEnabled(m_evaluation.topLevelItemCount() > 0 && !m_assigning.isListLoading());
+        ->setEnabled(m_evaluation.topLevelItemCount() > 0 && m_assigning.isListComplete());
     if (!rows.isEmpty()) {
         addDeletion(*menu, m_evaluation, rows.size());
         menu->addSeparator();
-        addExports(*menu, rows);
+        addExports(*menu, m_evaluation, rows.size());
     }
     return menu;
 }
@@ -63,7 +64,7 @@ std::unique_ptr<QMenu> FileListMenus::folderMenu()
     auto menu = std::make_unique<QMenu>(&m_folder);
     const QList<QTreeWidgetItem*> rows = selectedRows(m_folder);
     if (!rows.isEmpty()) {
-        addExports(*menu, rows);
+        addExports(*menu, m_folder, rows.size());
         menu->addSeparator();
         addDeletion(*menu, m_folder, rows.size());
     }
@@ -112,20 +113,19 @@ void FileListMenus::addSlots(QMenu& menu)
                         &AssignmentController::unassignAllClasses);
 }
 
-void FileListMenus::addExports(QMenu& menu, const QList<QTreeWidgetItem*>& rows)
+void FileListMenus::addExports(QMenu& menu, const QTreeWidget& list, int count)
 {
-    const QString subject = rows.size() == 1 ? QStringLiteral("&Export selected file as ")
-                                             : QStringLiteral("&Export selected files as ");
+    const QString subject = count == 1 ? QStringLiteral("&Export selected file as ")
+                                       : QStringLiteral("&Export selected files as ");
     menu.addAction(icon("csv_export.png"), subject + QStringLiteral("CSV file"), this,
-                   [this, rows] { emit csvExportWanted(rows); });
+                   [this, &list] { emit csvExportWanted(selectedRows(list)); });
     menu.addAction(icon("vantor_export.png"), subject + QStringLiteral("Vantor file"), this,
-                   [this, rows] { emit vantorExportWanted(rows); });
+                   [this, &list] { emit vantorExportWanted(selectedRows(list)); });
 }
 
 void FileListMenus::addDeletion(QMenu& menu, QTreeWidget& list, int count)
 {
     menu.addAction(icon("red_cross.png"),
-                   count == 1 ? QStringLiteral("&Delete file") : QStringLiteral("&Delete files"),
-                   &m_assigning, [this, &list] { m_assigning.deleteSelectedFiles(list); })
-        ->setEnabled(!m_assigning.isListLoading());
+                   count == 1 ? QStringLiteral("&Delete file") : QStringLiteral("&Delete files"), this,
+                   [this, &list] { m_assigning.deletion().deleteSelected(list); });
 }

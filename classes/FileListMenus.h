@@ -37,7 +37,7 @@ signals:
 private:
     void addAssigning(QMenu& menu);
     void addSlots(QMenu& menu);
-    void addExports(QMenu& menu, const QList<QTreeWidgetItem*>& rows);
+    void addExports(QMenu& menu, const QTreeWidget& list, int count);
     void addDeletion(QMenu& menu, QTreeWidget& list, int count);
 
     AssignmentController& m_assigning;

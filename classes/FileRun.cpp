@@ -56,6 +56,18 @@ void FileRun::startHere(Setup setup, std::function<bool(int)> work)
     begin(std::move(setup));
 }
 
+void FileRun::useRows()
+{
+    if (++m_rowUsers == 1)
+        emit rowsInUseChanged(true);
+}
+
+void FileRun::releaseRows()
+{
+    if (--m_rowUsers == 0)
+        emit rowsInUseChanged(false);
+}
+
 void FileRun::begin(Setup setup)
 {
     m_setup = std::move(setup);
@@ -63,7 +75,7 @@ void FileRun::begin(Setup setup)
     if (m_chain.isActive()) {
         makeProgress();
         qApp->installEventFilter(this);
-        emit activeChanged(true);
+        useRows();
     }
     if (m_work && step == FileChain::Step::Request)
         workOn();
@@ -165,15 +177,16 @@ void FileRun::showProgress(int index)
 void FileRun::end(bool completed)
 {
     qApp->removeEventFilter(this);
-    // A click on "Cancel" may still be on its way through the dialog.
-    if (QProgressDialog* progress = m_progress.release()) {
+    QProgressDialog* progress = m_progress.release();
+    if (progress) {
         progress->hide();
-        progress->deleteLater();
-        emit activeChanged(false);
+        progress->deleteLater(); // a click on "Cancel" may still be on its way through the dialog
     }
     m_request = nullptr;
     const auto ended = std::exchange(m_setup, {}).ended;
     ended(completed);
+    if (progress) // there were files
+        releaseRows();
 }
 
 bool FileRun::eventFilter(QObject* watched, QEvent* event)

@@ -52,14 +52,31 @@ public:
 
     bool isActive() const { return m_chain.isActive(); }
 
+    /// While one lives, rows are in use as during a run: between choosing them and starting, a question may
+    /// run the event loop.
+    class RowsInUse
+    {
+    public:
+        explicit RowsInUse(FileRun& run) : m_run(run) { m_run.useRows(); }
+        ~RowsInUse() { m_run.releaseRows(); }
+        RowsInUse(const RowsInUse&) = delete;
+        RowsInUse& operator=(const RowsInUse&) = delete;
+
+    private:
+        FileRun& m_run;
+    };
+
 signals:
-    void activeChanged(bool active);
+    /// Rows that a run works with are not to be removed, nor changed by others.
+    void rowsInUseChanged(bool inUse);
 
 protected:
     /// Keeps the user's input from the window.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void useRows();
+    void releaseRows();
     void begin(Setup setup);
     void follow(FileChain::Step step);
     void workOn();
@@ -71,6 +88,7 @@ private:
     QWidget& m_window;
     UserPrompts& m_prompts;
     FileChain m_chain;
+    int m_rowUsers = 0;
     Setup m_setup;
     std::function<void(int)> m_request; // empty when the work is done here
     std::function<bool(int)> m_work;

@@ -21,6 +21,7 @@ OpenModelDialog::OpenModelDialog(const ClassTree& present, UserPrompts& prompts,
 {
     m_ui->setupUi(this);
     QTreeWidget* tree = m_ui->treeWidget;
+    tree->setHeaderLabels({QStringLiteral("class"), QStringLiteral("shortcut")});
     tree->header()->setStretchLastSection(false);
     tree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_editor = new ClassTreeEditor(*tree, shortcutColumn, ClassTreeEditor::Saving::Elsewhere, prompts);

@@ -3,27 +3,12 @@
 #include "classes/ClassTreePane.h"
 #include "recordings/rows/RowItem.h"
 
-#include <QCheckBox>
 #include <QHeaderView>
-#include <QSignalBlocker>
 #include <QTreeWidget>
 
 namespace {
 
 constexpr int countInterval = 40; // ms
-
-/// Programs' changes of the box are not the user's.
-void showAccepted(QTreeWidgetItem& row, bool accepted)
-{
-    QWidget* cell = row.treeWidget()->itemWidget(&row, RowItem::Accepted);
-    auto* box = qobject_cast<QCheckBox*>(cell);
-    if (cell && !box)
-        box = cell->findChild<QCheckBox*>();
-    if (!box)
-        return;
-    const QSignalBlocker quiet(box);
-    box->setChecked(accepted);
-}
 
 } // namespace
 
@@ -35,11 +20,11 @@ void RowUpdater::show(QTreeWidgetItem& row, const ClassRecord& record)
 {
     const ClassRecord before = RowItem::read(row).record;
     RowItem::writeRecord(row, record);
-    RowItem::applyColour(row);
-    showAccepted(row, record.accepted == QLatin1String("1"));
-    if (row.treeWidget() == &m_countedList)
+    if (row.treeWidget() == &m_countedList) {
+        RowItem::applyColour(row);
         m_classes.countChanged(before, record);
-    if (m_inRun && m_sinceCounts.elapsed() >= countInterval) {
+    }
+    if (!m_inRun || m_sinceCounts.elapsed() >= countInterval) {
         m_classes.showCounts();
         m_sinceCounts.start();
     }

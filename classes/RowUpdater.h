@@ -9,8 +9,8 @@ class ClassTreePane;
 class QTreeWidget;
 class QTreeWidgetItem;
 
-/// Brings a row of a file list, its check box and colour, and the counts of the class tree up to date after
-/// its record has changed. Only rows of `countedList` count. Owns nothing. GUI thread.
+/// Brings a row of a file list, its colour, and the counts of the class tree up to date after
+/// its record has changed. Only rows of `countedList` count and have colours. Owns nothing. GUI thread.
 class RowUpdater
 {
 public:

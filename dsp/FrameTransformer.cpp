@@ -36,8 +36,7 @@ FrameTransformer::FrameTransformer(const SpectrogramInput& input, const std::vec
     m_fourier.setWindowFunction(QStringLiteral("Rectangular"));
 }
 
-void FrameTransformer::transform(qint64 first, int count, double* decibels, AmplitudeImage* image,
-                                 int firstBin)
+void FrameTransformer::transform(qint64 first, int count, double* decibels, AmplitudeImage* image)
 {
     const auto bins = static_cast<std::size_t>(m_input.geometry.bins);
     for (int i = 0; i < count; ++i) {
@@ -46,10 +45,8 @@ void FrameTransformer::transform(qint64 first, int count, double* decibels, Ampl
         if (image)
             std::memcpy(image->row(static_cast<int>(first) + i), amplitudes, bins * sizeof(float));
     }
-    if (decibels) {
-        writeDecibels(first, count, decibels, firstBin, m_input.geometry.bins);
-        writeDecibels(first, count, decibels, 0, firstBin);
-    }
+    if (decibels)
+        writeDecibels(first, count, decibels);
 }
 
 void FrameTransformer::transformFrame(qint64 frame, float* amplitudes)
@@ -62,14 +59,14 @@ void FrameTransformer::transformFrame(qint64 frame, float* amplitudes)
     m_kernels.amplitudes(m_spectrum.data(), geometry.windowSize, m_fullScale, amplitudes);
 }
 
-void FrameTransformer::writeDecibels(qint64 first, int count, double* decibels, int fromBin, int toBin)
+void FrameTransformer::writeDecibels(qint64 first, int count, double* decibels)
 {
     DecibelTile tile;
-    tile.amplitudes = m_amplitudes.data() + fromBin;
+    tile.amplitudes = m_amplitudes.data();
     tile.amplitudeStride = m_stride;
     tile.frames = count;
-    tile.bins = toBin - fromBin;
-    tile.decibels = decibels + fromBin * m_input.geometry.frames + first;
+    tile.bins = m_input.geometry.bins;
+    tile.decibels = decibels + first;
     tile.decibelStride = static_cast<std::size_t>(m_input.geometry.frames);
     m_kernels.decibels(tile, m_range);
 }

@@ -12,8 +12,8 @@
 class FrameTransformer
 {
 public:
-    /// Frames per tile: enough for long writes into the matrix, few enough for the cache. A multiple of 8.
-    static constexpr int tileFrames = 64;
+    /// Frames per tile: enough for long writes into the matrix, few enough for the cache.
+    static constexpr int tileFrames = DecibelTile::mostFrames;
 
     /// `input` and `window` (the coefficients for its framed samples) outlive the transformer.
     FrameTransformer(const SpectrogramInput& input, const std::vector<double>& window);
@@ -22,16 +22,15 @@ public:
     int sizeAnswer() const { return m_sizeAnswer; }
 
     /// Transforms the frames first .. first + count - 1, count at most tileFrames. `decibels` (all bins and
-    /// frames, see Spectrogram) and `image` may be null. Rows are written from `firstBin` on, a multiple of
-    /// 8, to the last and then from 0.
-    void transform(qint64 first, int count, double* decibels, AmplitudeImage* image, int firstBin);
+    /// frames, see Spectrogram) and `image` may be null.
+    void transform(qint64 first, int count, double* decibels, AmplitudeImage* image);
 
     /// Of all decibels written.
     const DecibelRange& range() const { return m_range; }
 
 private:
     void transformFrame(qint64 frame, float* amplitudes);
-    void writeDecibels(qint64 first, int count, double* decibels, int fromBin, int toBin);
+    void writeDecibels(qint64 first, int count, double* decibels);
 
     const SpectrogramInput& m_input;
     const std::vector<double>& m_window;

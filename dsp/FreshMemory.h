@@ -8,4 +8,9 @@
 /// system knows no such thing or the block is small.
 void preferLargePages(void* block, std::size_t bytes);
 
+/// Makes the system supply the pages of a block that is about to be filled, all at once instead of one at
+/// each first touch. Takes about 0.3 s for 1 GB of fresh memory, next to nothing for memory in use. A hint
+/// only.
+void supplyPages(void* block, std::size_t bytes);
+
 #endif

@@ -31,7 +31,6 @@ bool allocate(qint64 cells, QVector<double>& matrix)
         return false;
     data->size = static_cast<int>(cells);
     matrix = QVector<double>(QArrayDataPointerRef<double>{data});
-    preferLargePages(matrix.data(), static_cast<std::size_t>(cells) * sizeof(double));
     return true;
 }
 
@@ -81,18 +80,17 @@ class FrameQueue
 public:
     FrameQueue(const SpectrogramGeometry& geometry, Spectrogram& result, const std::atomic<bool>* stop)
         : m_frames(geometry.frames),
-          m_bins(geometry.bins),
+          m_cells(geometry.cells()),
           m_decibels(result.decibels.isEmpty() ? nullptr : result.decibels.data()),
           m_image(result.image.isNull() ? nullptr : &result.image),
           m_stop(stop)
     {}
 
-    /// Computes portions until none is left or the stop flag is set. Threads differ in `share`, 0 .. shares -
-    /// 1: each begins with other rows of the matrix, so that they do not wait for the same fresh pages.
+    /// Computes portions until none is left or the stop flag is set; each thread calls it once.
     template <typename AfterTile>
-    void work(FrameTransformer& transformer, int share, int shares, AfterTile afterTile)
+    void work(FrameTransformer& transformer, AfterTile afterTile)
     {
-        const int firstBin = m_bins / 8 * share / shares * 8;
+        supplyMemory();
         for (;;) {
             const qint64 first = m_next.fetch_add(portion);
             const qint64 end = std::min(first + portion, m_frames);
@@ -101,7 +99,7 @@ public:
                     return;
                 const auto count =
                     static_cast<int>(std::min<qint64>(end - frame, FrameTransformer::tileFrames));
-                transformer.transform(frame, count, m_decibels, m_image, firstBin);
+                transformer.transform(frame, count, m_decibels, m_image);
                 afterTile(m_done += count);
             }
             if (first >= m_frames)
@@ -112,13 +110,26 @@ public:
     bool stopped() const { return m_stop && m_stop->load(std::memory_order_relaxed); }
 
 private:
-    static constexpr qint64 portion = 4 * FrameTransformer::tileFrames;
+    /// Has the memory of the matrix made ready, the threads in turn.
+    void supplyMemory()
+    {
+        while (m_decibels && !stopped()) {
+            const qint64 first = m_nextCell.fetch_add(block);
+            if (first >= m_cells)
+                return;
+            supplyPages(m_decibels + first, std::min(block, m_cells - first) * sizeof(double));
+        }
+    }
+
+    static constexpr qint64 portion = qint64{4} * FrameTransformer::tileFrames;
+    static constexpr qint64 block = qint64{1} << 21; // cells, 16 MB
 
     const qint64 m_frames;
-    const int m_bins;
+    const qint64 m_cells;
     double* const m_decibels;
     AmplitudeImage* const m_image;
     const std::atomic<bool>* const m_stop;
+    std::atomic<qint64> m_nextCell{0};
     std::atomic<qint64> m_next{0};
     std::atomic<qint64> m_done{0};
 };
@@ -149,18 +160,16 @@ void logSizeAnswer(int answer)
 /// All frames of the queue on as many threads as there are transformers, the calling one among them.
 void computeFrames(FrameQueue& queue, const Transformers& transformers, ProgressSteps& progress)
 {
-    const auto shares = static_cast<int>(transformers.size());
     std::vector<std::thread> helpers;
-    for (int share = 1; share < shares; ++share) {
+    for (std::size_t i = 1; i < transformers.size(); ++i) {
         try {
-            helpers.emplace_back([&queue, &transformers, share, shares] {
-                queue.work(*transformers[share], share, shares, [](qint64) {});
-            });
+            helpers.emplace_back(
+                [&queue, &transformer = *transformers[i]] { queue.work(transformer, [](qint64) {}); });
         } catch (const std::system_error&) {
             break; // no more threads to be had: the others do the work
         }
     }
-    queue.work(*transformers.front(), 0, shares, [&progress](qint64 done) { progress.advanceTo(done); });
+    queue.work(*transformers.front(), [&progress](qint64 done) { progress.advanceTo(done); });
     for (std::thread& helper : helpers)
         helper.join();
 }

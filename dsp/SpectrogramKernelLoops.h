@@ -33,6 +33,8 @@ struct SpectrogramKernelLoops
     static constexpr SpectrogramKernels kernels() { return {applyWindow, amplitudes, decibels}; }
 
 private:
+    static constexpr int rowsAhead = 4;
+
     static void applyWindow(const int* samples, const double* window, int length, float* frame)
     {
         int i = 0;
@@ -85,36 +87,40 @@ private:
     {
         Doubles minima = Lanes::all(range.minimum);
         Doubles maxima = Lanes::all(range.maximum);
-        for (int bin = 0; bin < tile.bins; bin += 8) {
-            const int bins = tile.bins - bin < 8 ? tile.bins - bin : 8;
-            for (int frame = 0; frame < tile.frames; frame += 8) {
-                Floats block[8];
-                loadTransposed(tile, bin, frame, block);
-                const int frames = tile.frames - frame < 8 ? tile.frames - frame : 8;
-                double* cells = tile.decibels + bin * tile.decibelStride + frame;
-                for (int row = 0; row < bins; ++row, cells += tile.decibelStride) {
-                    const Doubles values = decibelsOf(block[row]);
-                    if (frames == 8) {
-                        Lanes::store(cells, values);
-                        minima = Lanes::minimum(minima, values);
-                        maxima = Lanes::maximum(maxima, values);
-                    } else {
-                        storeSome(cells, values, frames, range);
-                    }
-                }
+        float rows[8][DecibelTile::mostFrames]; // of eight bins
+        for (int bin = 0; bin < tile.bins; ++bin) {
+            if (bin % 8 == 0)
+                transpose(tile, bin, rows);
+            const float* row = rows[bin % 8];
+            double* cells = tile.decibels + bin * tile.decibelStride;
+            // Each row begins in memory far from the last one; what is asked for early arrives in time.
+            const std::size_t ahead = bin + rowsAhead < tile.bins ? rowsAhead * tile.decibelStride : 0;
+            int frame = 0;
+            for (; frame + 8 <= tile.frames; frame += 8) {
+                Lanes::prefetch(cells + frame + ahead);
+                const Doubles values = decibelsOf(Lanes::load(row + frame));
+                Lanes::store(cells + frame, values);
+                minima = Lanes::minimum(minima, values);
+                maxima = Lanes::maximum(maxima, values);
             }
+            if (frame < tile.frames)
+                storeSome(cells + frame, decibelsOf(Lanes::load(row + frame)), tile.frames - frame, range);
         }
         widenRange(range, minima, maxima);
     }
 
-    static void loadTransposed(const DecibelTile& tile, int bin, int frame, Floats (&block)[8])
+    /// Eight bins of the tile, from one row per frame to one row per bin.
+    static void transpose(const DecibelTile& tile, int bin, float (&rows)[8][DecibelTile::mostFrames])
     {
-        const float* source = tile.amplitudes + frame * tile.amplitudeStride + bin;
-        for (Floats& row : block) {
-            row = Lanes::load(source);
-            source += tile.amplitudeStride;
+        for (int frame = 0; frame < tile.frames; frame += 8) {
+            const float* source = tile.amplitudes + frame * tile.amplitudeStride + bin;
+            Floats block[8];
+            for (int i = 0; i < 8; ++i)
+                block[i] = Lanes::load(source + i * tile.amplitudeStride);
+            Lanes::transpose(block);
+            for (int i = 0; i < 8; ++i)
+                Lanes::store(rows[i] + frame, block[i]);
         }
-        Lanes::transpose(block);
     }
 
     static void storeSome(double* cells, Doubles values, int count, DecibelRange& range)
@@ -123,7 +129,8 @@ private:
         Lanes::store(lanes, values);
         for (int i = 0; i < count; ++i) {
             cells[i] = lanes[i];
-            include(range, lanes[i]);
+            range.minimum = lanes[i] < range.minimum ? lanes[i] : range.minimum;
+            range.maximum = lanes[i] > range.maximum ? lanes[i] : range.maximum;
         }
     }
 
@@ -136,12 +143,6 @@ private:
             range.minimum = lanes[i] < range.minimum ? lanes[i] : range.minimum;
             range.maximum = lanes[i + 8] > range.maximum ? lanes[i + 8] : range.maximum;
         }
-    }
-
-    static void include(DecibelRange& range, double value)
-    {
-        range.minimum = value < range.minimum ? value : range.minimum;
-        range.maximum = value > range.maximum ? value : range.maximum;
     }
 };
 

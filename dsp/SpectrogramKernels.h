@@ -16,6 +16,8 @@ struct DecibelRange
 /// bin) where its decibels belong.
 struct DecibelTile
 {
+    static constexpr int mostFrames = 64;
+
     const float* amplitudes = nullptr; ///< rows are readable up to the next multiple of 8 bins ...
     std::size_t amplitudeStride = 0;   ///< floats from frame to frame
     int frames = 0;                    ///< ... and up to the next multiple of 8 frames

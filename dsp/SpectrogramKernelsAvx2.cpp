@@ -66,6 +66,10 @@ struct Avx2Lanes
         _mm256_storeu_pd(target + 4, values.high);
     }
 
+    static void prefetch(const double* address)
+    {
+        _mm_prefetch(reinterpret_cast<const char*>(address), _MM_HINT_T0);
+    }
     static Doubles widen(Floats values)
     {
         return {_mm256_cvtps_pd(_mm256_castps256_ps128(values.lanes)),

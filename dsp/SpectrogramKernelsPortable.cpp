@@ -83,6 +83,7 @@ struct PortableLanes
     }
 
     static Floats loadInts(const int* source) { return convert<float>(source); }
+    static void prefetch(const double*) {}
     static Doubles widen(const Floats& values) { return convert<double>(values.lane); }
     static Floats narrow(const Doubles& values) { return convert<float>(values.lane); }
 

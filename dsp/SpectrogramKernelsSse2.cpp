@@ -87,11 +87,17 @@ struct Sse2Lanes
     }
     static void store(double* target, const Doubles& values)
     {
-        for (int i = 0; i < 4; ++i)
-            _mm_storeu_pd(target + 2 * i, values.lanes[i]);
+        for (const __m128d pair : values.lanes) {
+            _mm_storeu_pd(target, pair);
+            target += 2;
+        }
     }
 
     static __m128 upperHalf(__m128 values) { return _mm_movehl_ps(values, values); }
+    static void prefetch(const double* address)
+    {
+        _mm_prefetch(reinterpret_cast<const char*>(address), _MM_HINT_T0);
+    }
     static Doubles widen(const Floats& values)
     {
         return {{_mm_cvtps_pd(values.lanes[0]), _mm_cvtps_pd(upperHalf(values.lanes[0])),

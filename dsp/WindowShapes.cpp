@@ -1,6 +1,7 @@
 #include "dsp/WindowShapes.h"
 
 #include <array>
+#include <cmath>
 #include <cstdlib>
 
 namespace {
@@ -36,7 +37,7 @@ double cosine(double x)
 {
     constexpr double quarterTurn = 0x1.921fb54442p+0; // short enough for an exact multiple
     constexpr double quarterTurnRest = 0x1.a308d313198a3p-41;
-    const int quarters = static_cast<int>(x * 0.63661977236758134 + 0.5);
+    const int quarters = static_cast<int>(std::lround(x * 0.63661977236758134));
     const double rest = (x - quarters * quarterTurn) - quarters * quarterTurnRest;
     switch (quarters % 4) {
     case 0:

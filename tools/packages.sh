@@ -3,7 +3,7 @@
 build_packages=(g++ cmake ninja-build qtbase5-dev qtbase5-dev-tools qtmultimedia5-dev libqwt-qt5-dev)
 run_packages=(libqt5multimedia5-plugins gstreamer1.0-plugins-good)
 headless_packages=(xvfb xauth)
-benchmark_packages=(pkg-config libbenchmark-dev libfftw3-dev libkissfft-dev)
+benchmark_packages=(pkg-config sox libimage-exiftool-perl libbenchmark-dev libfftw3-dev libkissfft-dev)
 
 # need PACKAGE... : returns with all of them installed, or ends the script with a clear message.
 need() {

@@ -49,7 +49,10 @@ AxisPlotsPresenter::AxisPlotsPresenter(SpectrogramView& spectrogram, TimeAxisVie
     showTitles(true);
     m_resizeTimer.setSingleShot(true);
     m_resizeTimer.setInterval(resizeMilliseconds);
-    connect(&m_resizeTimer, &QTimer::timeout, this, [this] { schedule(TimeCurveChange); });
+    connect(&m_resizeTimer, &QTimer::timeout, this, [this] {
+        if (plotWidth() != m_curveWidth)
+            schedule(TimeCurveChange);
+    });
     m_time.canvas()->installEventFilter(this);
     connect(&m_time.zoomer(), &QwtPlotZoomer::zoomed, this, [this] { schedule(TimeCurveChange); });
 }
@@ -224,15 +227,16 @@ void AxisPlotsPresenter::updateTimeCurve()
 {
     const Mode mode = modeOf(m_settings.value(SettingKeys::timePlotMode));
     const AxisLimits shown = m_time.timeLimits();
+    m_curveWidth = plotWidth();
     TimeCurve curve;
     if (mode == FromSamples && m_samples)
         curve = TimeCurve::envelope(
             *m_samples, m_sampleRate, m_bitsPerSample,
-            SampleRange::between(shown.lower, shown.upper, m_sampleRate, m_samples->size()), plotWidth());
+            SampleRange::between(shown.lower, shown.upper, m_sampleRate, m_samples->size()), m_curveWidth);
     else if (mode == AtCursor)
-        curve = TimeCurve::rowLevels(matrix(), cursorRow(), columnsOf(shown), plotWidth());
+        curve = TimeCurve::rowLevels(matrix(), cursorRow(), columnsOf(shown), m_curveWidth);
     else if (mode == Largest && m_columns > 0)
-        curve = TimeCurve::largestLevels(matrix(), maxima(), columnsOf(shown), plotWidth());
+        curve = TimeCurve::largestLevels(matrix(), maxima(), columnsOf(shown), m_curveWidth);
     m_time.showCurve(curve, mode == FromSamples ? 0.0 : DecibelMatrix::floor);
 }
 
@@ -312,7 +316,8 @@ double AxisPlotsPresenter::duration() const
 /// Whole kHz, as the spectrogram's frequency axis ends.
 double AxisPlotsPresenter::nyquist() const
 {
-    return m_sampleRate / 2000;
+    const int kilohertz = m_sampleRate / 2000;
+    return kilohertz;
 }
 
 DecibelMatrix AxisPlotsPresenter::matrix() const

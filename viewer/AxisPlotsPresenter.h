@@ -113,6 +113,7 @@ private:
     QPointF m_cursor;
 
     unsigned m_changes = 0;
+    int m_curveWidth = 0; ///< pixels that the time curve was made for
     QTimer m_resizeTimer;
 };
 

@@ -18,6 +18,8 @@ public:
 
     /// The text being put into the model right now was typed by the user; see previous().
     bool isCommitting() const { return m_committing; }
+    /// The change under way has been dealt with; what follows from it is not the user's typing.
+    void endCommit() { m_committing = false; }
     /// What stood there before.
     const QString& previous() const { return m_previous; }
 

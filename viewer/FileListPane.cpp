@@ -56,6 +56,9 @@ void FileListPane::setUpList()
     m_list.setItemDelegateForColumn(RowItem::Comment, m_commentDelegate);
 
     QHeaderView& header = *m_list.header();
+    const int shortText = m_list.fontMetrics().horizontalAdvance(QStringLiteral("00:00:00 00"));
+    for (const int column : {RowItem::Date, RowItem::Time, RowItem::Length})
+        header.resizeSection(column, std::max(shortText, header.sectionSizeHint(column)));
     header.setMinimumSectionSize(acceptColumnWidth);
     header.setSectionResizeMode(RowItem::Accepted, QHeaderView::Fixed);
     header.resizeSection(RowItem::Accepted, acceptColumnWidth);
@@ -88,6 +91,7 @@ void FileListPane::beginLoading(const QStringList& names)
     if (!rows.isEmpty())
         m_list.setCurrentItem(rows.first());
     fitNameColumn(names);
+    m_list.setFocus(); // its keys walk through the recordings
     m_count.setText(CountLabel::total(names.size()));
     m_count.show();
     m_progress.setValue(1);
@@ -159,6 +163,7 @@ void FileListPane::itemChanged(QTreeWidgetItem* item, int column)
 {
     if (column != RowItem::Comment || !m_commentDelegate->isCommitting())
         return;
+    m_commentDelegate->endCommit(); // the receiver of the signal changes the row again
     const QString comment = item->text(RowItem::Comment);
     {
         const QSignalBlocker quiet(m_list);
@@ -182,7 +187,7 @@ void FileListPane::editComment(QTreeWidgetItem* item)
 {
     if (!item || m_session.busy || item->text(RowItem::Date).isEmpty())
         return;
-    m_list.scrollToItem(item);
+    m_list.scrollTo(cell(item, RowItem::Comment));
     m_list.editItem(item, RowItem::Comment);
 }
 

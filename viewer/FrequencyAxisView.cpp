@@ -10,7 +10,8 @@
 
 namespace {
 
-enum Depth { gridDepth = 10, curveDepth = 20 };
+constexpr double gridDepth = 10;
+constexpr double curveDepth = 20;
 
 constexpr int mostLevelLabels = 3; // the plot is narrow
 

@@ -36,12 +36,15 @@ FrequencyMarkers::FrequencyMarkers(SpectrogramView& spectrogram, SettingsStore& 
     connect(&m_spectrogram, &SpectrogramView::colourSchemeChanged, this, &FrequencyMarkers::useColours);
 }
 
-/// An aborted drag takes the marker back to where it was.
+/// Where a drag ends is stored, not every step of it: the store writes its file in every turn of the event
+/// loop that changed something. An aborted drag takes the marker back to where it was.
 void FrequencyMarkers::watchDrag(std::size_t index)
 {
     connect(m_markers[index].picker, &QwtPicker::activated, this, [this, index](bool on) {
         if (on)
             m_markers[index].beforeDrag = stored(index);
+        else
+            store(index, m_markers[index].line->yValue());
     });
     connect(m_markers[index].picker, &MyQwtPlotPicker::aborted, this, [this, index] {
         store(index, m_markers[index].beforeDrag);
@@ -66,7 +69,8 @@ void FrequencyMarkers::moveTo(std::size_t index, double kilohertz)
     const AxisLimits axis = m_spectrogram.frequencyLimits();
     const double value = qBound(axis.lower, rounded(kilohertz), axis.upper);
     place(index, value);
-    store(index, value);
+    if (!m_markers[index].picker->isActive())
+        store(index, value);
 }
 
 void FrequencyMarkers::limitToAxis()

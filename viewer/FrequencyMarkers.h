@@ -27,7 +27,7 @@ public:
     void setMarker2Shown(bool shown) { setShown(1, shown); }
 
     /// Takes a marker to where the pointer is (y in kHz), rounded and kept on the spectrogram's frequency
-    /// axis, and stores the frequency.
+    /// axis, and stores the frequency; of a drag, when it ends.
     void moveMarker1(const QPointF& point) { moveTo(0, point.y()); }
     void moveMarker2(const QPointF& point) { moveTo(1, point.y()); }
 

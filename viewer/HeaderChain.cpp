@@ -50,15 +50,10 @@ void HeaderChain::openSingleFile()
     setViewMode(0);
 }
 
-void HeaderChain::holdRows()
+void HeaderChain::setRowsHeld(bool held)
 {
-    m_rowsHeld = true;
-}
-
-void HeaderChain::releaseRows()
-{
-    m_rowsHeld = false;
-    if (m_state == State::Idle)
+    m_rowsHeld = held;
+    if (!held && m_state == State::Idle)
         continueWithWaiting();
 }
 
@@ -79,6 +74,7 @@ void HeaderChain::begin(const FolderTask& task)
         return;
     }
     m_state = State::Loading;
+    emit loadingChanged(true);
     if (m_task.viewMode > 1)
         emit openingAllowedChanged(false);
     m_thread.start();
@@ -138,6 +134,7 @@ void HeaderChain::finish()
     m_state = State::Idle;
     m_thread.stop();
     list().endLoading(true);
+    emit loadingChanged(false);
     emit listCompleteChanged(true);
     emit openingAllowedChanged(true);
 }
@@ -147,6 +144,7 @@ void HeaderChain::stop()
     m_state = State::Idle;
     m_thread.stop();
     list().endLoading(false);
+    emit loadingChanged(false);
     emit openingAllowedChanged(true);
     if (!m_rowsHeld)
         continueWithWaiting();

@@ -43,10 +43,9 @@ public:
     /// Headers are being read for a list that is still wanted.
     bool isLoading() const { return m_state == State::Loading; }
 
-    /// While a run over files works with the rows, no list is rebuilt: what is opened meanwhile waits for
-    /// releaseRows().
-    void holdRows();
-    void releaseRows();
+    /// While a run over files works with the rows, no list is rebuilt: what is opened meanwhile waits until
+    /// the rows are free again.
+    void setRowsHeld(bool held);
 
     // The slots of the main window, which forwards to them.
     void fileInfoHeaderFinished(int index, const QString& batClass, const QString& batClass2,
@@ -63,6 +62,8 @@ signals:
     /// The first recording of a new list is to be shown.
     void recordingWanted(const QString& path);
     void viewModeChanged(int viewMode);
+    /// Headers are being read, or no longer.
+    void loadingChanged(bool loading);
     /// All headers of the list are read, or not (any more).
     void listCompleteChanged(bool complete);
     /// Whether files, folders and evaluations can be opened from the menu: not while an evaluation's headers

@@ -198,8 +198,8 @@ QMediaPlayer& PlaybackController::player()
 
 void PlaybackController::connectPlayer()
 {
-    connect(m_player, &QMediaPlayer::stateChanged, this, &PlaybackController::setAudioPlayerState);
-    connect(m_player, &QMediaPlayer::positionChanged, this, &PlaybackController::positionChanged);
+    connect(m_player, &QMediaPlayer::stateChanged, this, &PlaybackController::playerStateChanged);
+    connect(m_player, &QMediaPlayer::positionChanged, this, &PlaybackController::playerPositionChanged);
     connect(m_player, &QMediaPlayer::mediaStatusChanged, this, &PlaybackController::mediaStatusChanged);
     connect(m_player, &QMediaPlayer::volumeChanged, &m_controls, &PlayerControls::setVolume);
     connect(m_player, &QMediaPlayer::mutedChanged, &m_controls, &PlayerControls::setMuted);

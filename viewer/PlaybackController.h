@@ -51,14 +51,18 @@ public:
     void stop();
     void togglePlay(); ///< the key for play and pause
 
-    /// The player's position changed (ms): tells where the cursor stands. Connected to the player.
+    // Answers to the player, which reaches them through the main window's slots of the same names: connect
+    // playerPositionChanged() and playerStateChanged() to them.
+    /// The player's position changed (ms): tells where the cursor stands.
     void positionChanged(qint64 progress);
-    /// The player's state changed: hides the cursor when stopped. Connected to the player.
+    /// The player's state changed: hides the cursor when stopped.
     void setAudioPlayerState(QMediaPlayer::State state);
     /// Undersampling or playback rate changed: builds the sound anew.
     void audioControlsChanged();
 
 signals:
+    void playerPositionChanged(qint64 progress); ///< ms
+    void playerStateChanged(QMediaPlayer::State state);
     void cursorMoved(double seconds); ///< in the recording
     void cursorVisible(bool visible);
     void timeLabelChanged(const QString& text);

@@ -11,6 +11,8 @@ namespace PlotStyle {
 
 void apply(QwtPlot& plot)
 {
+    // The library's own policy takes the size hint for the least size.
+    plot.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     for (int axis = 0; axis < QwtPlot::axisCnt; ++axis) {
         plot.setAxisFont(axis, plot.font());
         plot.axisWidget(axis)->setMargin(0);

@@ -13,7 +13,10 @@
 namespace {
 
 /// Later items are drawn over earlier ones.
-enum Depth { baselineDepth = 5, gridDepth = 10, curveDepth = 20, scaleDepth = 30 };
+constexpr double baselineDepth = 5;
+constexpr double gridDepth = 10;
+constexpr double curveDepth = 20;
+constexpr double scaleDepth = 30;
 
 constexpr int mostAmplitudeLabels = 5;
 
@@ -42,6 +45,7 @@ void TimeAxisView::createAxes()
     PlotStyle::setAxisTitle(*this, xBottom, tr("Time in s"));
     setAxisMaxMajor(yLeft, mostAmplitudeLabels);
     m_zoomer->setColours(Qt::black, Qt::black);
+    canvas()->setFocusPolicy(Qt::ClickFocus); // for the keys of the zoomer
 }
 
 void TimeAxisView::createCurves()
@@ -131,5 +135,5 @@ QSize TimeAxisView::sizeHint() const
 
 QSize TimeAxisView::minimumSizeHint() const
 {
-    return {240, 80};
+    return {240, 130};
 }

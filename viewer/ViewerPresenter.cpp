@@ -35,7 +35,7 @@ void ViewerPresenter::showEmpty(const AxisLimits& frequency)
 
 void ViewerPresenter::spectrogramCalculated(const QVector<double>& data, int numberOfFfts, double minValue,
                                             double maxValue, const std::unordered_map<int, Blob>& /*blobs*/,
-                                            const QStringList& /*classes*/, const QList<MyBatCall>& /*calls*/)
+                                            const QStringList& classes, const QList<MyBatCall>& calls)
 {
     m_session.busy = false;
     emit resultArrived();
@@ -52,6 +52,7 @@ void ViewerPresenter::spectrogramCalculated(const QVector<double>& data, int num
     describeRecording();
 
     emit resultShown();
+    emit callsDetected(classes, calls);
     emit computationEnded();
 }
 
@@ -67,6 +68,13 @@ void ViewerPresenter::setGridVisible(bool visible)
 {
     m_settings.setValue(SettingKeys::grid, visible);
     m_spectrogram.setGridVisible(visible);
+    emit gridShown(visible);
+}
+
+void ViewerPresenter::setDetectionShown(bool shown)
+{
+    m_settings.setValue(SettingKeys::categorization, shown);
+    emit detectionShown(shown);
 }
 
 void ViewerPresenter::slotColormapChanged()
@@ -78,13 +86,16 @@ void ViewerPresenter::slotColormapChanged()
 void ViewerPresenter::slotAmplitudeScaleChanged()
 {
     m_spectrogram.setAmplitudeLimits(amplitudeLimits(m_settings.value(SettingKeys::upperScaleLimitOfChange)));
+    emit amplitudeScaleChanged();
 }
 
 void ViewerPresenter::slotFrequencyScaleChanged()
 {
-    if (!m_matrix.isEmpty())
-        m_spectrogram.setFrequencyLimits(
-            frequencyLimits(m_settings.value(SettingKeys::upperFrequencyLimitOfChange)));
+    if (m_matrix.isEmpty())
+        return;
+    m_spectrogram.setFrequencyLimits(
+        frequencyLimits(m_settings.value(SettingKeys::upperFrequencyLimitOfChange)));
+    emit frequencyScaleChanged();
 }
 
 AxisLimits ViewerPresenter::frequencyLimits(double storedUpper) const

@@ -38,7 +38,10 @@ public:
                                double maxValue, const std::unordered_map<int, Blob>& blobs,
                                const QStringList& classes, const QList<MyBatCall>& calls);
     void computationFailed(const QString& text);
-    void setGridVisible(bool visible); ///< stores the setting, too
+    // Both store their setting, too.
+    void setGridVisible(bool visible);
+    void setDetectionShown(bool shown);
+
     void slotColormapChanged();
     void slotAmplitudeScaleChanged();
     void slotFrequencyScaleChanged();
@@ -54,6 +57,13 @@ signals:
     void resultArrived();
     /// The result stands in the plot; painting follows.
     void resultShown();
+    /// What was detected, one entry per region, in the same order; follows resultShown().
+    void callsDetected(const QStringList& classes, const QList<MyBatCall>& calls);
+    void detectionShown(bool shown);
+    void gridShown(bool shown);
+    /// The scale has other limits; not told for those of a new result.
+    void frequencyScaleChanged();
+    void amplitudeScaleChanged();
     /// The limits of the amplitude scale were written to the store.
     void scaleLimitsStored();
     void windowTitleChanged(const QString& title);

@@ -12,9 +12,25 @@ bool fileViewTreeWidgetItem::operator<(const QTreeWidgetItem& other) const
     return text(column) < other.text(column);
 }
 
+QVariant fileViewTreeWidgetItem::data(int column, int role) const
+{
+    if (role == Qt::ForegroundRole && column <= RowItem::Class4)
+        return m_foreground.style() == Qt::NoBrush ? QVariant() : QVariant(m_foreground);
+    if (role == Qt::TextAlignmentRole && column == RowItem::Length)
+        return int(Qt::AlignCenter);
+    return QTreeWidgetItem::data(column, role);
+}
+
 void fileViewTreeWidgetItem::setData(int column, int role, const QVariant& value)
 {
-    m_keyColumn = -1;
+    if (role == Qt::ForegroundRole && column <= RowItem::Class4) {
+        m_foreground = value.isNull() ? QBrush(Qt::NoBrush) : value.value<QBrush>();
+        // Which looks for the row in the list, and does so even when nobody is to hear of it.
+        if (m_tree && !m_tree->model()->signalsBlocked())
+            emitDataChanged();
+        return;
+    }
+    m_keyColumn = -1; // forget what was worked out for sorting
     QTreeWidgetItem::setData(column, role, value);
 }
 

@@ -11,9 +11,9 @@ class QTreeWidgetItem;
 ///
 /// Made on the GUI thread, without parent, and moved to a thread of its own, which is to end (quit and wait)
 /// before the worker is deleted. Requests are queued signals connected to the slots, "QTreeWidgetItem*" and
-/// "QList<QTreeWidgetItem*>" being registered first. A request handles the file of selectedFileItems[index] and no other, and is answered by one
-/// signal that carries its arguments back. `success` tells that the file is as it should be: it was written,
-/// or nothing needed writing.
+/// "QList<QTreeWidgetItem*>" being registered first. A request handles the file of selectedFileItems[index]
+/// and no other, and is answered by one signal that carries its arguments back. `success` tells that the file
+/// is as it should be: it was written, or nothing needed writing.
 ///
 /// The items stay the lists' own and are only read (RowItem::read()). From the request to its answer the GUI
 /// thread must neither change nor delete them; afterwards it applies the same function of classRecordEdit to

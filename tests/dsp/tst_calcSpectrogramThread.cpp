@@ -96,12 +96,11 @@ private slots:
     void membersHaveTheirSignatures_data()
     {
         QTest::addColumn<QByteArray>("signature");
-        for (const char* signature :
-             {"process(int,int,int,float,QString,double,std::vector<int>*,int,bool)",
-              "processVantor(int,QString)",
-              "finished(QVector<double>,int,double,double,std::unordered_map<int,Blob>,QStringList,QList<"
-              "MyBatCall>)",
-              "signalProgressBar(int)", "vantorFinished(int,QStringList)", "error(QString)"})
+        const char* const finished = "finished(QVector<double>,int,double,double,std::unordered_map<int,Blob>"
+                                     ",QStringList,QList<MyBatCall>)";
+        for (const char* signature : {"process(int,int,int,float,QString,double,std::vector<int>*,int,bool)",
+                                      "processVantor(int,QString)", finished, "signalProgressBar(int)",
+                                      "vantorFinished(int,QStringList)", "error(QString)"})
             QTest::newRow(signature) << QByteArray(signature);
     }
     void membersHaveTheirSignatures()
@@ -194,7 +193,7 @@ private slots:
         QVERIFY(m_thread.wait(20000));
         QCoreApplication::processEvents();
         QVERIFY(m_finished.isEmpty() && m_vantorFinished.isEmpty() && m_errors.isEmpty());
-        QVERIFY(!m_progress.isEmpty() && m_progress.size() < 20);
+        QVERIFY(!m_progress.isEmpty());
     }
 
     void classifiesForTheEvaluationTool()

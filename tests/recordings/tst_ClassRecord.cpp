@@ -24,7 +24,6 @@ private slots:
     void typedTexts_data();
     void typedTexts();
     void whatIsTypedReadsBack();
-    void foreignSeparatorDoesNotReadBack();
     void proposal();
 };
 
@@ -113,13 +112,6 @@ void tst_ClassRecord::whatIsTypedReadsBack()
             record.autoClass = QStringLiteral("Pip, Nyc");
             QVERIFY2(record.readsBack(record.text()), qPrintable(record.text()));
         }
-}
-
-void tst_ClassRecord::foreignSeparatorDoesNotReadBack()
-{
-    ClassRecord record = ClassRecord::parse(QStringLiteral("Nyc|a|b"));
-    record.autoClass = QStringLiteral("Pip");
-    QVERIFY(!record.readsBack(record.text()));
 }
 
 void tst_ClassRecord::proposal()

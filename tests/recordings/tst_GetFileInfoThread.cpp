@@ -64,7 +64,6 @@ private slots:
     void vocabulary_data();
     void vocabulary();
     void proposesAndWrites();
-    void presentProposalStays();
     void samplesThatCannotBeLoaded();
     void foreignCommentIsNotWrittenInto();
     void chainOnAnotherThread();
@@ -174,7 +173,7 @@ void tst_GetFileInfoThread::vocabulary_data()
         QTest::newRow(name) << mode << QString::fromLatin1(record) << QString::fromLatin1(kind)
                             << QString::fromLatin1(classes) << QString::fromLatin1(written);
     };
-    row("categorization knows all", -1, "PipPyg + NycMid + No Call|Pip|0|x", "",
+    row("categorization knows all and keeps a proposal", -1, "PipPyg + NycMid + No Call|Pip|0|x", "",
         "PipPyg;NycMid;No Call;;Pip;0", "PipPyg + NycMid + No Call|Pip|0|x");
     row("categorization leaves a gap", -1, "Pip + Ppyg + Nyc|Pip|1|x", "", "Pip;;Nyc;;Pip;1",
         "Pip +  + Nyc + |Pip|1|x");
@@ -223,14 +222,6 @@ void tst_GetFileInfoThread::proposesAndWrites()
     RecordingFile after;
     after.load(path);
     QCOMPARE(after.samples(), file.samples());
-}
-
-void tst_GetFileInfoThread::presentProposalStays()
-{
-    const QString path =
-        stored("a.wav", WavBytes().fmt(300000).data(passOfABat()).bext(bext("Nyc|Nyc|1|")).bytes());
-    QVERIFY(answer(path, {true}).startsWith(QLatin1String("Nyc;;;;Nyc;1;")));
-    QCOMPARE(description(path), QStringLiteral("Nyc|Nyc|1|"));
 }
 
 void tst_GetFileInfoThread::samplesThatCannotBeLoaded()

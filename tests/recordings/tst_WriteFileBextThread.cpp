@@ -87,29 +87,25 @@ void tst_WriteFileBextThread::request_data()
     QTest::addColumn<Request>("request");
     QTest::addColumn<QByteArray>("answer"); // the signal
     QTest::addColumn<QString>("written");
-    QTest::newRow("assign")
-        << Request([](auto& w, auto& folder, auto* c, auto& items) {
-               w.writeFileBextExtended(1, folder, c, items);
-           })
-        << QByteArray(
-               "signalFileBextFinishedExtended(int,QString,QTreeWidgetItem*,QList<QTreeWidgetItem*>,bool)")
-        << "Pip + Nyc|Pip|0|x";
-    QTest::newRow("rename") << Request([](auto& w, auto& folder, auto*, auto& items) {
-        w.renameClassFile(1, folder, pip, nyc, items);
-    }) << QByteArray("signalRenameClassFile(int,QString,QString,QString,QList<QTreeWidgetItem*>,bool)")
-                            << "Nyc|Pip|1|x";
-    QTest::newRow("delete") << Request([](auto& w, auto& folder, auto*, auto& items) {
-        w.deleteClassFile(1, folder, pip, items);
-    }) << QByteArray("signalDeleteClassFile(int,QString,QString,QList<QTreeWidgetItem*>,bool)")
-                            << "|Pip|1|x";
-    QTest::newRow("unassign") << Request([](auto& w, auto& folder, auto*, auto& items) {
-        w.unassignFile(1, folder, items);
-    }) << QByteArray("signalUnassignFile(int,QString,QList<QTreeWidgetItem*>,bool)")
-                              << "|Pip|1|x";
-    QTest::newRow("reset") << Request([](auto& w, auto& folder, auto*, auto& items) {
-        w.resetFile(1, folder, items);
-    }) << QByteArray("signalResetFile(int,QString,QList<QTreeWidgetItem*>,bool)")
-                           << "|x";
+    const auto row = [](const char* name, const Request& request, const char* answer, const char* written) {
+        const QByteArray arguments = "QList<QTreeWidgetItem*>,bool)";
+        QTest::newRow(name) << request << answer + arguments << QString::fromLatin1(written);
+    };
+    row(
+        "assign", [](auto& w, auto& f, auto* c, auto& items) { w.writeFileBextExtended(1, f, c, items); },
+        "signalFileBextFinishedExtended(int,QString,QTreeWidgetItem*,", "Pip + Nyc|Pip|0|x");
+    row(
+        "rename", [](auto& w, auto& f, auto*, auto& items) { w.renameClassFile(1, f, pip, nyc, items); },
+        "signalRenameClassFile(int,QString,QString,QString,", "Nyc|Pip|1|x");
+    row(
+        "delete", [](auto& w, auto& f, auto*, auto& items) { w.deleteClassFile(1, f, pip, items); },
+        "signalDeleteClassFile(int,QString,QString,", "|Pip|1|x");
+    row(
+        "unassign", [](auto& w, auto& f, auto*, auto& items) { w.unassignFile(1, f, items); },
+        "signalUnassignFile(int,QString,", "|Pip|1|x");
+    row(
+        "reset", [](auto& w, auto& f, auto*, auto& items) { w.resetFile(1, f, items); },
+        "signalResetFile(int,QString,", "|x");
 }
 
 /// The second of three files is written, the others are not, and the answer carries the arguments back.

@@ -2,24 +2,33 @@
 
 #include <QtTest>
 
-#include <functional>
-
-using Edit = std::function<RecordEdit(const RecordingRow&)>;
-Q_DECLARE_METATYPE(Edit)
-
 namespace {
 
-/// A row with the record as it stands in a file.
-RecordingRow row(const char* description, const char* name = "a.wav", const char* date = "01/05/24")
+/// A gesture as a line of words: "assign Nyc", "rename Pip>Nyc", "reassign 0>Nyc".
+RecordEdit applied(const RecordingRow& row, const QString& gesture)
 {
-    RecordingRow row;
-    row.name = QString::fromLatin1(name);
-    row.date = QString::fromLatin1(date);
-    row.record = ClassRecord::parse(QString::fromLatin1(description));
-    return row;
+    const QString verb = gesture.section(QLatin1Char(' '), 0, 0);
+    const QString object = gesture.section(QLatin1Char(' '), 1);
+    const QString from = object.section(QLatin1Char('>'), 0, 0);
+    const QString to = object.section(QLatin1Char('>'), 1);
+    if (verb == QLatin1String("assign"))
+        return classRecordEdit::assign(row, object);
+    if (verb == QLatin1String("rename"))
+        return classRecordEdit::rename(row, from, to);
+    if (verb == QLatin1String("delete"))
+        return classRecordEdit::remove(row, object);
+    if (verb == QLatin1String("accept"))
+        return classRecordEdit::acceptProposal(row, object == QLatin1String("1"));
+    if (verb == QLatin1String("reassign"))
+        return classRecordEdit::reassign(row, from.toInt(), to);
+    if (verb == QLatin1String("unassign"))
+        return classRecordEdit::unassign(row, object.toInt());
+    if (verb == QLatin1String("comment"))
+        return classRecordEdit::setComment(row, object);
+    return verb == QLatin1String("reset") ? classRecordEdit::reset(row) : classRecordEdit::unassignAll(row);
 }
 
-/// "description" for the file, "row: description" where only the row changes, "nothing" or "impossible".
+/// The text for the file, "row: text" where only the row changes, "nothing" or "impossible".
 QString printed(const RecordEdit& edit)
 {
     if (!edit.possible)
@@ -29,167 +38,131 @@ QString printed(const RecordEdit& edit)
     return edit.writesFile() ? edit.description : QStringLiteral("row: ") + edit.description;
 }
 
-Edit assign(const char* name)
-{
-    return [name](const RecordingRow& r) { return classRecordEdit::assign(r, QString::fromLatin1(name)); };
-}
-
-Edit rename(const char* from, const char* to)
-{
-    return [from, to](const RecordingRow& r) {
-        return classRecordEdit::rename(r, QString::fromLatin1(from), QString::fromLatin1(to));
-    };
-}
-
-Edit remove(const char* name)
-{
-    return [name](const RecordingRow& r) { return classRecordEdit::remove(r, QString::fromLatin1(name)); };
-}
-
-Edit accept(bool accepted)
-{
-    return [accepted](const RecordingRow& r) { return classRecordEdit::acceptProposal(r, accepted); };
-}
-
-Edit reassign(int slot, const char* name)
-{
-    return [slot, name](const RecordingRow& r) {
-        return classRecordEdit::reassign(r, slot, QString::fromLatin1(name));
-    };
-}
-
-Edit unassign(int slot)
-{
-    return [slot](const RecordingRow& r) { return classRecordEdit::unassign(r, slot); };
-}
-
-Edit comment(const char* text)
-{
-    return
-        [text](const RecordingRow& r) { return classRecordEdit::setComment(r, QString::fromLatin1(text)); };
-}
-
-void addAssignments()
-{
-    const auto add = [](const char* name, const RecordingRow& row, const char* className,
-                        const char* expected) {
-        QTest::newRow(name) << row << assign(className) << expected;
-    };
-    add("assign a first class", row(""), "Nyc", "Nyc|");
-    add("assign a second class", row("Pip|x"), "Nyc", "Pip + Nyc|x");
-    add("assign into a gap", row("a +  + c|"), "b", "a + b + c|");
-    add("assign a class that is there", row("a + b|"), "b", "nothing");
-    add("assign over class 4", row("a + b + c + d|x"), "e", "a + b + c + e|x");
-    add("assign the proposed class", row("|Pip|0|x"), "Pip", "Pip|Pip|1|x");
-    add("assign one of two proposed", row("|Pip, Nyc|0|"), "Pip", "Pip|Pip, Nyc|0|");
-    add("assign the other, in any order", row("Nyc|Pip, Nyc|0|"), "Pip", "Nyc + Pip|Pip, Nyc|1|");
-    add("assign one too many", row("Pip|Pip|1|"), "Nyc", "Pip + Nyc|Pip|0|");
-    add("assign to an accepted flag alone", row("||0|"), "Pip", "Pip||0|");
-    add("assign before the header is read", row("", "a.wav", ""), "Pip", "nothing");
-    add("assign to a WAV without date", row("", "a.WAV", "N/A"), "Pip", "Pip|");
-    add("assign to RAW", row("a|", "a.raw"), "Pip", "row: a + Pip|");
-    add("assign to a RAW that is gone", row("", "a.raw", "N/A"), "Pip", "impossible");
-    add("assign No Call without proposals shown", row("a + b|"), "No Call", "a + b + No Call|");
-    RecordingRow shown = row("a + b|Nyc|0|x");
-    shown.showsProposals = true;
-    add("assign No Call", shown, "No Call", "No Call|Nyc|0|x");
-    add("assign No call", shown, "No call", "a + b + No call|Nyc|0|x");
-    shown.record.classes = {QStringLiteral("No Call")};
-    add("assign instead of No Call", shown, "Nyc", "Nyc|Nyc|1|x");
-    add("assign No Call again", shown, "No Call", "nothing");
-}
-
-void addRunsOverFiles()
-{
-    const auto unassignAll = Edit(classRecordEdit::unassignAll);
-    const auto reset = Edit(classRecordEdit::reset);
-    QTest::newRow("rename") << row("a + b|b|1|b") << rename("b", "c") << "a + c|b|1|b";
-    QTest::newRow("rename what is not there") << row("a|") << rename("b", "c") << "nothing";
-    QTest::newRow("rename nothing") << row("a|") << rename("", "c") << "nothing";
-    QTest::newRow("rename in RAW") << row("a|", "a.RAW") << rename("a", "c") << "row: c|";
-    QTest::newRow("delete keeps accepted") << row("Pip + Nyc|Nyc|0|") << remove("Pip") << "Nyc|Nyc|0|";
-    QTest::newRow("delete the last, short") << row("a|x") << remove("a") << "|x";
-    QTest::newRow("delete the last, full") << row("a|b|0|x") << remove("a") << "|b|0|x";
-    QTest::newRow("delete moves gaps along") << row("a +  + c|") << remove("a") << " + c|";
-    QTest::newRow("delete what is twice") << row("a + b + a|") << remove("a") << "b|";
-    QTest::newRow("delete what is not there") << row("a|") << remove("b") << "nothing";
-    QTest::newRow("unassign all, full") << row("Pip|Pip|1|note") << unassignAll << "|Pip|1|note";
-    QTest::newRow("unassign all, comment") << row("Pip|note") << unassignAll << "|note";
-    QTest::newRow("unassign all, nothing left") << row("Pip + Nyc|") << unassignAll << "";
-    QTest::newRow("unassign all, five classes") << row("a + b + c + d + e") << unassignAll << "";
-    QTest::newRow("unassign all in RAW") << row("a|x", "a.raw") << unassignAll << "row: |x";
-    QTest::newRow("reset") << row("Pip|Pip|1|note") << reset << "|note";
-    QTest::newRow("reset without a comment") << row("Pip|Pip|1|") << reset << "|";
-    QTest::newRow("reset without a date") << row("Pip|Pip|1|", "a.wav", "n/a") << reset << "nothing";
-    QTest::newRow("reset of RAW") << row("Pip|", "a.raw") << reset << "nothing";
-}
-
-void addDirectEdits()
-{
-    QTest::newRow("accept") << row("a|Pip, Nyc|0|x") << accept(true) << "Pip + Nyc|Pip, Nyc|1|x";
-    QTest::newRow("accept five") << row("|a, b, c, d, e||") << accept(true)
-                                 << "a + b + c + d|a, b, c, d, e|1|";
-    QTest::newRow("accept nothing") << row("a||0|") << accept(true) << "||1|";
-    QTest::newRow("no longer accept") << row("Pip + Nyc|Pip, Nyc|1|x") << accept(false) << "|Pip, Nyc|0|x";
-    QTest::newRow("reassign") << row("a + b|c, b|0|x") << reassign(0, "c") << "c + b|c, b|1|x";
-    QTest::newRow("reassign, short") << row("a + b|x") << reassign(1, "c") << "a + c|x";
-    QTest::newRow("reassign an empty slot") << row("a|") << reassign(1, "c") << "nothing";
-    QTest::newRow("reassign to one that is there") << row("a + b|") << reassign(0, "b") << "nothing";
-    QTest::newRow("reassign no slot") << row("a|") << reassign(4, "b") << "nothing";
-    RecordingRow shown = row("a + b|");
-    shown.showsProposals = true;
-    QTest::newRow("reassign to No Call") << shown << reassign(1, "No Call") << "No Call|";
-    QTest::newRow("unassign a slot") << row("Pip + Nyc|Nyc|0|") << unassign(0) << "Nyc|Nyc|1|";
-    QTest::newRow("unassign the last class") << row("Pip|Pip|1|x") << unassign(0) << "|Pip|0|x";
-    QTest::newRow("unassign an empty slot") << row("Pip|") << unassign(1) << "nothing";
-    QTest::newRow("comment, short") << row("a|x") << comment("y") << "a|y";
-    QTest::newRow("comment, full") << row("a|b|1|x") << comment("") << "a|b|1|";
-    QTest::newRow("comment as it was") << row("a|x") << comment("x") << "nothing";
-}
-
 } // namespace
-
-Q_DECLARE_METATYPE(RecordingRow)
 
 class tst_classRecordEdit : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void edit_data();
-    void edit();
+    void proposalsHidden_data();
+    void proposalsHidden();
+    void proposalsShown_data();
+    void proposalsShown();
     void fits();
+
+private:
+    static void columns()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("date");
+        QTest::addColumn<QString>("record");
+        QTest::addColumn<QString>("gesture");
+        QTest::addColumn<QString>("expected");
+    }
+    static void add(const char* label, const char* record, const char* gesture, const char* expected,
+                    const char* name = "a.WAV", const char* date = "01/05/24")
+    {
+        QTest::newRow(label) << QString::fromLatin1(name) << QString::fromLatin1(date)
+                             << QString::fromLatin1(record) << QString::fromLatin1(gesture)
+                             << QString::fromLatin1(expected);
+    }
+    static void check(bool showsProposals)
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, date);
+        QFETCH(QString, record);
+        QFETCH(QString, gesture);
+        const RecordingRow row = {name, date, {}, {}, ClassRecord::parse(record), showsProposals};
+        const RecordEdit edit = applied(row, gesture);
+        QTEST(printed(edit), "expected");
+        if (edit.changesRow())
+            QCOMPARE(ClassRecord::parse(edit.description).text(), edit.record.text());
+        else
+            QVERIFY(edit.record == row.record);
+    }
 };
 
-void tst_classRecordEdit::edit_data()
+void tst_classRecordEdit::proposalsHidden_data()
 {
-    QTest::addColumn<RecordingRow>("row");
-    QTest::addColumn<Edit>("edit");
-    QTest::addColumn<QString>("expected");
-    addAssignments();
-    addRunsOverFiles();
-    addDirectEdits();
+    columns();
+    add("assign a first class", "", "assign Nyc", "Nyc|");
+    add("assign a second class", "Pip|x", "assign Nyc", "Pip + Nyc|x");
+    add("assign into a gap", "a +  + c|", "assign b", "a + b + c|");
+    add("assign a class that is there", "a + b|", "assign b", "nothing");
+    add("assign over class 4", "a + b + c + d|x", "assign e", "a + b + c + e|x");
+    add("assign the proposed class", "|Pip|0|x", "assign Pip", "Pip|Pip|1|x");
+    add("assign one of two proposed", "|Pip, Nyc|0|", "assign Pip", "Pip|Pip, Nyc|0|");
+    add("assign the other", "Nyc|Pip, Nyc|0|", "assign Pip", "Nyc + Pip|Pip, Nyc|1|");
+    add("assign one too many", "Pip|Pip|1|", "assign Nyc", "Pip + Nyc|Pip|0|");
+    add("assign to a flag alone", "||0|", "assign Pip", "Pip||0|");
+    add("No Call excludes none", "a + b|", "assign No Call", "a + b + No Call|");
+    add("rename", "a + b|b|1|b", "rename b>c", "a + c|b|1|b");
+    add("rename what is not there", "a|", "rename b>c", "nothing");
+    add("rename nothing", "a|", "rename >c", "nothing");
+    add("delete keeps accepted", "Pip + Nyc|Nyc|0|", "delete Pip", "Nyc|Nyc|0|");
+    add("delete the last, short", "a|x", "delete a", "|x");
+    add("delete the last, full", "a|b|0|x", "delete a", "|b|0|x");
+    add("delete moves gaps along", "a +  + c|", "delete a", " + c|");
+    add("delete what is twice", "a + b + a|", "delete a", "b|");
+    add("delete what is not there", "a|", "delete b", "nothing");
+    add("unassign all, full", "Pip|Pip|1|note", "clear", "|Pip|1|note");
+    add("unassign all, comment", "Pip|note", "clear", "|note");
+    add("unassign all, nothing left", "Pip + Nyc|", "clear", "");
+    add("unassign all, five classes", "a + b + c + d + e", "clear", "");
+    add("reset", "Pip|Pip|1|note", "reset", "|note");
+    add("reset without a comment", "Pip|Pip|1|", "reset", "|");
+    add("accept", "a|Pip, Nyc|0|x", "accept 1", "Pip + Nyc|Pip, Nyc|1|x");
+    add("accept five", "|a, b, c, d, e||", "accept 1", "a + b + c + d|a, b, c, d, e|1|");
+    add("accept nothing", "a||0|", "accept 1", "||1|");
+    add("no longer accept", "Pip + Nyc|Pip, Nyc|1|x", "accept 0", "|Pip, Nyc|0|x");
+    add("reassign", "a + b|c, b|0|x", "reassign 0>c", "c + b|c, b|1|x");
+    add("reassign, short", "a + b|x", "reassign 1>c", "a + c|x");
+    add("reassign an empty slot", "a|", "reassign 1>c", "nothing");
+    add("reassign to one that is there", "a + b|", "reassign 0>b", "nothing");
+    add("reassign no slot", "a|", "reassign 4>b", "nothing");
+    add("unassign a slot", "Pip + Nyc|Nyc|0|", "unassign 0", "Nyc|Nyc|1|");
+    add("unassign the last class", "Pip|Pip|1|x", "unassign 0", "|Pip|0|x");
+    add("unassign an empty slot", "Pip|", "unassign 1", "nothing");
+    add("comment, short", "a|x", "comment y", "a|y");
+    add("comment, full", "a|b|1|x", "comment", "a|b|1|");
+    add("comment as it was", "a|x", "comment x", "nothing");
+    add("header not yet read", "", "assign Pip", "nothing", "a.wav", "");
+    add("reset without a date", "Pip|Pip|1|", "reset", "nothing", "a.wav", "n/a");
+    add("RAW, assign", "a|", "assign Pip", "row: a + Pip|", "a.raw", "01/05/24");
+    add("RAW, rename", "a|", "rename a>c", "row: c|", "a.RAW", "01/05/24");
+    add("RAW, unassign all", "a|x", "clear", "row: |x", "a.raw", "01/05/24");
+    add("RAW, reset", "Pip|", "reset", "nothing", "a.raw", "01/05/24");
+    add("RAW that is gone", "", "assign Pip", "impossible", "a.raw", "N/A");
 }
 
-void tst_classRecordEdit::edit()
+void tst_classRecordEdit::proposalsHidden()
 {
-    QFETCH(RecordingRow, row);
-    QFETCH(Edit, edit);
-    const RecordEdit result = edit(row);
-    QTEST(printed(result), "expected");
-    if (result.changesRow())
-        QCOMPARE(ClassRecord::parse(result.description).text(), result.record.text());
-    else
-        QVERIFY(result.record == row.record);
+    check(false);
+}
+
+void tst_classRecordEdit::proposalsShown_data()
+{
+    columns();
+    add("assign No Call", "a + b|Nyc|0|x", "assign No Call", "No Call|Nyc|0|x");
+    add("assign No call", "a + b|Nyc|0|x", "assign No call", "a + b + No call|Nyc|0|x");
+    add("assign instead of No Call", "No Call|Nyc|0|", "assign Nyc", "Nyc|Nyc|1|", "a.wav", "N/A");
+    add("assign No Call again", "No Call|Nyc|0|", "assign No Call", "nothing");
+    add("reassign to No Call", "a + b|", "reassign 1>No Call", "No Call|");
+}
+
+void tst_classRecordEdit::proposalsShown()
+{
+    check(true);
 }
 
 void tst_classRecordEdit::fits()
 {
-    const RecordingRow before = row("Pip|Pip|1|");
-    const QByteArray comment(256 - 10, 'c');
-    QVERIFY(classRecordEdit::setComment(before, QString::fromLatin1(comment)).fits());
-    QVERIFY(!classRecordEdit::setComment(before, QString::fromLatin1(comment + 'c')).fits());
-    QVERIFY(!classRecordEdit::setComment(before, QString(100, QChar(0x2265))).fits()); // three bytes each
+    RecordingRow row;
+    row.record = ClassRecord::parse(QStringLiteral("Pip|Pip|1|"));
+    QVERIFY(classRecordEdit::setComment(row, QString(256 - 10, QLatin1Char('c'))).fits());
+    QVERIFY(!classRecordEdit::setComment(row, QString(256 - 9, QLatin1Char('c'))).fits());
+    QVERIFY(!classRecordEdit::setComment(row, QString(100, QChar(0x2265))).fits()); // three bytes each
 }
 
 QTEST_APPLESS_MAIN(tst_classRecordEdit)

@@ -147,6 +147,7 @@ private:
     QString path() const { return m_folder.filePath(QStringLiteral("a.wav")); }
     QString stored(const QByteArray& bytes) const
     {
+        QFile::remove(path()); // some file systems sync a file that was emptied and written again
         QFile file(path());
         const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
         return written ? path() : QString();
@@ -364,7 +365,7 @@ void tst_writeBextDescription::fullDisk()
     for (int room = 0; room <= newChunk; ++room) {
         stored(file.before);
         rlimit limited = before;
-        limited.rlim_cur = static_cast<rlim_t>(file.before.size() + room);
+        limited.rlim_cur = static_cast<rlim_t>(file.before.size()) + static_cast<rlim_t>(room);
         setrlimit(RLIMIT_FSIZE, &limited);
         const bool written = writeBextDescription(path(), record);
         setrlimit(RLIMIT_FSIZE, &before);

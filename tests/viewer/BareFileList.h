@@ -6,8 +6,11 @@
 #include "viewer/FileListPane.h"
 
 #include <QLabel>
+#include <QMetaType>
 #include <QProgressBar>
 #include <QTreeWidget>
+
+Q_DECLARE_METATYPE(FileListPane::Purpose)
 
 /// A file list without a window around it.
 struct BareFileList
@@ -35,16 +38,10 @@ struct BareFileList
 };
 
 /// A row as the header worker describes it.
-inline RecordingRow headerRow(const QString& description, const QString& date = QStringLiteral("14/05/24"),
-                              const QString& time = QStringLiteral("22:10:00"),
-                              const QString& length = QStringLiteral("5.000"))
+inline RecordingRow headerRow(const QString& description, const QString& date = "14/05/24",
+                              const QString& time = "22:10:00", const QString& length = "5.000")
 {
-    RecordingRow row;
-    row.date = date;
-    row.time = time;
-    row.length = length;
-    row.record = ClassRecord::parse(description);
-    return row;
+    return {{}, date, time, length, ClassRecord::parse(description)};
 }
 
 #endif

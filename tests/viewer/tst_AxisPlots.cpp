@@ -278,6 +278,7 @@ void tst_AxisPlots::levelsFollowTheColourScale()
 
 void tst_AxisPlots::plotsStayWhenTheyDoNotFollowTheZoom()
 {
+    QTest::qWait(100); // the curve is made for the last size of its plot
     auto* time = new DrawCounter(m_scene->time);
     auto* frequency = new DrawCounter(m_scene->frequency);
     QSignalSpy shown(&m_scene->presenter, &AxisPlotsPresenter::timeRangeShown);
@@ -331,6 +332,7 @@ void tst_AxisPlots::ownZoomOutlivesHiding()
 
 void tst_AxisPlots::oneReplotPerTurn()
 {
+    QTest::qWait(100); // the curve is made for the last size of its plot
     m_scene->settings.setValue(SettingKeys::timePlotZoom, true);
     setModes(1, 1);
     auto* time = new DrawCounter(m_scene->time);

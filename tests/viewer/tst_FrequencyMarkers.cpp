@@ -128,6 +128,7 @@ void tst_FrequencyMarkers::isDraggedWhereItIsShown()
     m_scene->markers.setMarker1Shown(true);
     mouse.drag(onMarker1(16.0), onMarker1(60.0));
     QVERIFY(std::abs(lines()[0]->yValue() - 60.0) <= 0.5);
+    QCOMPARE(m_scene->settings.value(SettingKeys::valueMarker1), lines()[0]->yValue());
     QVERIFY(m_scene->tool.selection().isNull());
 
     mouse.drag(onMarker1(lines()[0]->yValue()), QPoint(100, -500)); // off the canvas

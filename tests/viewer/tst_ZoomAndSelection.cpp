@@ -371,6 +371,7 @@ void tst_ZoomAndSelection::positionTexts()
 
 void tst_ZoomAndSelection::nothingIsDrawnAgainForThePointer()
 {
+    QTest::qWait(100); // the curve is made for the last size of its plot
     m_scene->markers.setMarker1Shown(true);
     m_scene->playCursor.setVisible(true);
     select();
