@@ -91,7 +91,7 @@ private slots:
         const QByteArray text = file.readAll();
         for (const char* line :
              {"[Geocoordinates]", "latitude=51", "[Time]", "BeginDate=01.01.15", "StartRecording=00:00",
-              "PeriodType=absolute", "[WindDataSettings]", "dateFormat=dd.mm.yyyy", "decimalSeparator=\",\"",
+              "PeriodType=0", "[WindDataSettings]", "dateFormat=dd.mm.yyyy", "decimalSeparator=\",\"",
               "separator1=Space", "separator2=\\\\t", "WindDataTimeZone=Europe/Berlin"})
             QVERIFY2(text.contains(line), line);
     }
