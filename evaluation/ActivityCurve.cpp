@@ -1,5 +1,9 @@
 #include "evaluation/ActivityCurve.h"
 
+#include <QPainter>
+#include <qwt_painter.h>
+#include <qwt_scale_map.h>
+
 #include <cmath>
 
 ActivityCurve::ActivityCurve(const QString& name) : QwtPlotCurve(name)
@@ -39,6 +43,15 @@ void ActivityCurve::drawSeries(QPainter* painter, const QwtScaleMap& xMap, const
     for (const int end : m_runEnds) {
         if (end >= from && start <= to)
             QwtPlotCurve::drawSeries(painter, xMap, yMap, canvasRect, qMax(start, from), qMin(end, to));
+        if (start == end && symbol() == nullptr)
+            drawDot(painter, QPointF(xMap.transform(sample(start).x()), yMap.transform(sample(start).y())));
         start = end + 1;
     }
+}
+
+/// A value without neighbours, of which no line would tell.
+void ActivityCurve::drawDot(QPainter* painter, const QPointF& position) const
+{
+    painter->setPen(QPen(pen().color(), 4.0, Qt::SolidLine, Qt::RoundCap));
+    QwtPainter::drawPoint(painter, position);
 }

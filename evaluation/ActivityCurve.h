@@ -19,6 +19,8 @@ protected:
                     const QRectF& canvasRect, int from, int to) const override;
 
 private:
+    void drawDot(QPainter* painter, const QPointF& position) const;
+
     std::vector<int> m_runEnds; ///< index of the last sample of each run
 };
 

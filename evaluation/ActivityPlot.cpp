@@ -46,6 +46,21 @@ QwtSymbol* symbolOf(int i, const QColor& color, int size)
     return new QwtSymbol(styles[i % 6], QBrush(color), QPen(color), QSize(size, size));
 }
 
+/// A shaded part of the axis, with a sample of its colour in the legend.
+class ShadedZone : public QwtPlotZoneItem
+{
+public:
+    explicit ShadedZone(const QColor& color)
+    {
+        setBrush(color);
+        setPen(QPen(Qt::NoPen));
+    }
+    QwtGraphic legendIcon(int /*index*/, const QSizeF& size) const override
+    {
+        return defaultIcon(brush(), size);
+    }
+};
+
 /// The next of 1, 2, 5, 10... that is not below `value`.
 double roundedUp(double value)
 {
@@ -111,12 +126,9 @@ void ActivityPlot::initialiseZones()
     if (m_kind != ActivityKind::Time)
         return;
     for (const QColor& color : {twilightColor, nightColor, twilightColor}) {
-        auto* zone = new QwtPlotZoneItem;
-        zone->setBrush(color);
-        zone->setPen(QPen(Qt::NoPen));
+        auto* zone = new ShadedZone(color);
         zone->setZ(1.5);
         zone->setItemAttribute(QwtPlotItem::Legend, m_zones.size() < 2);
-        zone->setVisible(false);
         zone->attach(this);
         m_zones.push_back(zone);
     }
@@ -162,7 +174,7 @@ void ActivityPlot::setColors(const QMap<QString, QColor>& classColors)
         if (i == 0)
             pen.setWidthF(2.2);
         curve->setPen(pen);
-        curve->setSymbol(symbolOf(i, color, isDense ? 4 : 7));
+        curve->setSymbol(isDense ? nullptr : symbolOf(i, color, 7));
     }
     replot();
 }
@@ -191,12 +203,13 @@ void ActivityPlot::showMessage(const QString& text)
 void ActivityPlot::showTwilight(const TwilightTimes& times, const QString& label)
 {
     for (QwtPlotZoneItem* zone : m_zones)
-        zone->setVisible(times.isValid);
+        zone->setInterval(QwtInterval());
     if (m_table.bins.empty() || m_zones.empty() || !times.isValid)
         return;
     // On an axis from midnight to midnight the night is what is left of both ends.
     const double shift = ActivityAxis::range(m_table).first >= 43200.0 ? 0.0 : 86400.0;
     m_zones[0]->setTitle(label);
+    checkLegend(); // a new title makes a new entry
     m_zones[0]->setInterval(std::min(times.sunset, times.eveningTwilight),
                             std::max(times.sunset, times.eveningTwilight));
     m_zones[1]->setInterval(std::max(times.sunset, times.eveningTwilight),
@@ -322,7 +335,9 @@ bool ActivityPlot::exportTo(const QString& filePath)
     if (!QFile(filePath).open(QIODevice::ReadWrite)) // the renderer does not tell
         return false;
     reduceLegend();
-    QwtPlotRenderer().renderDocument(this, filePath, QSizeF(300, 200), 85);
+    QwtPlotRenderer renderer;
+    renderer.setDiscardFlag(QwtPlotRenderer::DiscardBackground); // paper is white
+    renderer.renderDocument(this, filePath, QSizeF(300, 200), 85);
     restoreLegend();
     const bool isWritten = QFileInfo(filePath).size() > 0;
     if (!isWritten && isNew)

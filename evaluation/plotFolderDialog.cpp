@@ -7,6 +7,7 @@
 #include "evaluation/LoadWindDialog.h"
 #include "evaluation/core/ActivitySettings.h"
 #include "evaluation/core/CurveColors.h"
+#include "evaluation/core/ExportFile.h"
 #include "evaluation/core/TimeZoneChoice.h"
 #include "evaluation/invalidTimesDialog.h"
 #include "evaluation/zoneBox.h"
@@ -15,7 +16,7 @@
 #include <QFileDialog>
 #include <QImageWriter>
 #include <QProgressDialog>
-#include <QSaveFile>
+#include <QScrollBar>
 #include <qwt_legend.h>
 
 #include <algorithm>
@@ -95,22 +96,6 @@ QString plotFilter()
         .join(QStringLiteral(";;"));
 }
 
-/// Whole or not at all, where the folder allows.
-bool writeText(const QString& path, const QString& text)
-{
-    QSaveFile file(path);
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    file.write(text.toUtf8()); // commit() knows of a failure
-    return file.commit();
-}
-
-QString writeFailureText()
-{
-    return QStringLiteral("Could not write to file.");
-}
-
 QDate inYear(const QDate& date, int year)
 {
     return date.addYears(year - date.year());
@@ -138,6 +123,8 @@ plotFolderDialog::plotFolderDialog(const QString& folder, const std::vector<Reco
     m_ui->setupUi(this);
     setWindowTitle(QStringLiteral("Activity Plots"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
+    const int scrollBar = m_ui->scrollArea->verticalScrollBar()->sizeHint().width();
+    m_ui->scrollArea->setFixedWidth(m_ui->settingsPane->minimumSizeHint().width() + scrollBar);
     addTabs();
     showSettings();
     connectSettings();
@@ -351,10 +338,10 @@ void plotFolderDialog::exportData(ActivityKind kind)
     ActivityPlot& plot = tab(kind).plot();
     ActivityTable table = plot.table();
     table.year = m_plan.year;
-    if (writeText(path, table.text(plot.shownColumns())))
+    if (ExportFile::write(path, table.text(plot.shownColumns())))
         m_settings.setExportPath(kind, path);
     else
-        m_prompts.fail(QStringLiteral("Error"), writeFailureText());
+        m_prompts.fail(QStringLiteral("Error"), ExportFile::failureText());
 }
 
 void plotFolderDialog::exportPlot(ActivityKind kind)
@@ -367,7 +354,7 @@ void plotFolderDialog::exportPlot(ActivityKind kind)
     if (QFileInfo(path).suffix().isEmpty())
         path += QStringLiteral(".pdf");
     if (!tab(kind).plot().exportTo(path))
-        m_prompts.fail(QStringLiteral("Error"), writeFailureText());
+        m_prompts.fail(QStringLiteral("Error"), ExportFile::failureText());
 }
 
 void plotFolderDialog::editInvalidTimes()

@@ -1,45 +1,12 @@
 #include "evaluation/core/ActivityCounter.h"
 
+#include "evaluation/core/TimeZoneChoice.h"
+
 #include <QHash>
 
 #include <algorithm>
 #include <limits>
 #include <set>
-
-namespace {
-
-int number(const QString& text, int at, int length)
-{
-    int value = 0;
-    for (int i = at; i < at + length; ++i) {
-        const int digit = text.at(i).unicode() - '0';
-        if (digit < 0 || digit > 9)
-            return -1;
-        value = 10 * value + digit;
-    }
-    return value;
-}
-
-bool hasSeparators(const QString& text, QChar separator)
-{
-    return text.size() == 8 && text.at(2) == separator && text.at(5) == separator;
-}
-
-/// From "dd/MM/yy" in the 2000s and "hh:mm:ss"; false when one of them is none.
-bool readWall(const RecordingRow& row, qint64& wall)
-{
-    if (!hasSeparators(row.date, QLatin1Char('/')) || !hasSeparators(row.time, QLatin1Char(':')))
-        return false;
-    const int year = number(row.date, 6, 2);
-    const QDate date(2000 + year, number(row.date, 3, 2), number(row.date, 0, 2));
-    const QTime time(number(row.time, 0, 2), number(row.time, 3, 2), number(row.time, 6, 2));
-    if (year < 0 || !date.isValid() || !time.isValid())
-        return false;
-    wall = RecorderClock::wall(date, time);
-    return true;
-}
-
-} // namespace
 
 ActivityRecordings::ActivityRecordings(const std::vector<RecordingRow>& rows)
 {
@@ -59,8 +26,10 @@ ActivityRecordings::ActivityRecordings(const std::vector<RecordingRow>& rows)
             }
             entry.curves[i] = known.value();
         }
-        if (!readWall(row, entry.wall))
+        const QDateTime shown = TimeZoneChoice::wallClock(row.date, row.time);
+        if (!shown.isValid())
             continue;
+        entry.wall = shown.toSecsSinceEpoch();
         m_entries.push_back(entry);
         years.insert(RecorderClock::dateOfWall(entry.wall).year());
     }

@@ -164,7 +164,7 @@ MonitoringPlan ActivitySettings::monitoring() const
     plan.begin = dateOf(text(QStringLiteral("Time/BeginDate"), QString()), QDate(2015, 1, 1));
     plan.end = dateOf(text(QStringLiteral("Time/EndDate"), QString()), QDate(2015, 12, 31));
     plan.year = plan.begin.year();
-    plan.relative = text(QStringLiteral("Time/PeriodType"), QString()) == QLatin1String("relative");
+    plan.relative = value(QStringLiteral("Time/PeriodType"), 0).toInt() == 1;
     plan.dailyStart = timeOf(text(QStringLiteral("Time/StartRecording"), QString()));
     plan.dailyStop = timeOf(text(QStringLiteral("Time/StopRecording"), QString()));
     plan.startMinutes = value(QStringLiteral("Time/StartMin"), 0).toInt();
@@ -182,8 +182,7 @@ void ActivitySettings::setMonitoring(const MonitoringPlan& plan)
     setValue(QStringLiteral("Time/daylightSaving"), plan.daylightSaving);
     setValue(QStringLiteral("Time/BeginDate"), dateText(plan.begin));
     setValue(QStringLiteral("Time/EndDate"), dateText(plan.end));
-    setValue(QStringLiteral("Time/PeriodType"),
-             plan.relative ? QStringLiteral("relative") : QStringLiteral("absolute"));
+    setValue(QStringLiteral("Time/PeriodType"), plan.relative ? 1 : 0);
     setValue(QStringLiteral("Time/StartRecording"), timeText(plan.dailyStart));
     setValue(QStringLiteral("Time/StopRecording"), timeText(plan.dailyStop));
     setValue(QStringLiteral("Time/StartMin"), plan.startMinutes);

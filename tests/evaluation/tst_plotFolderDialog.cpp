@@ -72,7 +72,8 @@ private:
     QTabWidget* tabs() { return m_dialog->findChild<QTabWidget*>(QStringLiteral("tabWidget")); }
     void open(const std::vector<RecordingRow>& rows);
     QString written(const QString& name, const QByteArray& bytes);
-    QByteArray exported(int index);
+    QByteArray exported(int index) { return exportedTo(m_folder.path(), index); }
+    QByteArray exportedTo(const QString& folder, int index);
     static void answerFileDialog(const QString& path);
     QwtLegendLabel* entry(const QString& name);
 
@@ -108,7 +109,7 @@ void tst_plotFolderDialog::init()
 void tst_plotFolderDialog::open(const std::vector<RecordingRow>& rows)
 {
     m_dialog = std::make_unique<plotFolderDialog>(m_folder.path(), rows, *m_settings, m_prompts);
-    m_dialog->resize(1280, 760);
+    m_dialog->resize(1560, 860);
     m_dialog->show();
 }
 
@@ -130,9 +131,9 @@ void tst_plotFolderDialog::answerFileDialog(const QString& path)
     });
 }
 
-QByteArray tst_plotFolderDialog::exported(int index)
+QByteArray tst_plotFolderDialog::exportedTo(const QString& folder, int index)
 {
-    const QString path = m_output + QStringLiteral("/table%1.csv").arg(index);
+    const QString path = folder + QStringLiteral("/table%1.csv").arg(index);
     QFile::remove(path);
     answerFileDialog(path);
     emit tab(index).exportDataClicked();
@@ -184,7 +185,7 @@ void tst_plotFolderDialog::showsEachTab()
     QCOMPARE(table.bins.size(), static_cast<std::size_t>(bins));
     const std::vector<double>& all = table.curves.values.front();
     QVERIFY(std::any_of(all.begin(), all.end(), [](double value) { return value > 0.0; }));
-    const QByteArray text = exported(index);
+    const QByteArray text = exportedTo(m_output, index);
     QVERIFY(text.startsWith(quantity));
     QCOMPARE(text.count("\r\n"), bins + 1);
     QVERIFY(m_dialog->grab().save(m_output + QStringLiteral("/tab%1.png").arg(index)));
