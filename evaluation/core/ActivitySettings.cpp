@@ -36,12 +36,9 @@ QString dateText(const QDate& date)
 /// Of "dd.MM.yy", in the 2000s.
 QDate dateOf(const QString& text, const QDate& fallback)
 {
-    QDate date = QLocale::c().toDate(text, QStringLiteral("dd.MM.yy"));
-    if (date.isValid() && date.year() < 2000) {
-        const int year = date.year() + 100;
-        date = QDate(year, date.month(), qMin(date.day(), QDate(year, date.month(), 1).daysInMonth()));
-    }
-    return date.isValid() ? date : fallback;
+    const QString century = QStringLiteral("20");
+    const QDate date = QLocale::c().toDate(QString(text).insert(6, century), QStringLiteral("dd.MM.yyyy"));
+    return date.isValid() && text.size() == 8 ? date : fallback;
 }
 
 QTime timeOf(const QString& text)

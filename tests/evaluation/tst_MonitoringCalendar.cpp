@@ -71,7 +71,8 @@ private slots:
         QFETCH(QByteArray, zone);
         QFETCH(QDateTime, shown);
         QFETCH(QDateTime, utc);
-        const RecorderClock clock = RecorderClock::inZone(QTimeZone(zone), 2016, 2016);
+        const RecorderClock clock =
+            RecorderClock::inZone(zone.isEmpty() ? QTimeZone() : QTimeZone(zone), 2016, 2016);
         const qint64 wall = RecorderClock::wall(shown.date(), shown.time());
         QCOMPARE(wall, shown.toSecsSinceEpoch());
         QCOMPARE(clock.toUtc(wall), utc.toSecsSinceEpoch());
