@@ -47,7 +47,7 @@ QVector<RecordingRow> makeRows(int count)
     QVector<RecordingRow> rows;
     const QDateTime start(QDate(2020, 4, 1), QTime(20, 0), Qt::UTC);
     for (int i = 0; i < count; ++i) {
-        const QDateTime at = start.addSecs(i * 20);
+        const QDateTime at = start.addSecs(i * 20LL);
         RecordingRow row;
         row.name = QStringLiteral("M%1.wav").arg(i, 6, 10, QLatin1Char('0'));
         row.date = at.toString(QStringLiteral("dd/MM/yy"));
@@ -176,7 +176,7 @@ int main(int argc, char** argv)
     benchmark::RegisterBenchmark("ExportDialog/again", openDialog)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("CsvFile", writeCsv)
         ->RangeMultiplier(2)
-        ->Range(longList / 4, longList * 2)
+        ->Range(longList / 4, longList * 2LL)
         ->Complexity(benchmark::oN)
         ->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("CopyFiles", copyFiles)

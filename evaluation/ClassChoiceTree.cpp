@@ -49,6 +49,7 @@ QTreeWidgetItem* rowOf(QTreeWidget& tree, const QObject* checkBox)
 
 QVector<QCheckBox*> ClassChoiceTree::fill(const QString& classText)
 {
+    m_tree.setHeaderLabels({QStringLiteral("class"), QStringLiteral("count"), QStringLiteral("export")});
     QVector<QCheckBox*> boxes;
     QTreeWidgetItem* parent = nullptr;
     const QVector<ClassChoice::Line> lines = ClassChoice::lines(classText);

@@ -59,7 +59,7 @@ QVector<QString> ClassEvents::openedBy(int minutes, Mode mode) const
 bool ClassEvents::belongs(const Recording& recording, const Recording& opener, int minutes, Mode mode)
 {
     if (mode == Mode::Dynamic)
-        return recording.second - opener.second <= minutes * 60;
+        return recording.second - opener.second <= 60LL * minutes;
     const auto slot = [minutes](const Recording& of) {
         // Minutes count from each full hour, whatever the interval.
         return std::make_pair(of.minuteOfDay / 60, of.minuteOfDay % 60 / minutes);

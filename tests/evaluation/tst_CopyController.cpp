@@ -9,7 +9,6 @@
 #include <QCheckBox>
 #include <QProgressDialog>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
@@ -20,16 +19,13 @@ using Answer = UserPrompts::Answer;
 
 namespace {
 
-const char* const errorQuestion =
-    "warning|Warning|Error on copying file %1.\nPlease check available disc space and permissions.\n\n"
-    "Continue copying?";
-const char* const overwriteQuestion = "warning|Warning|At least on file already exists in selected folder.\n"
-                                      "Do you want to overwrite existing file(s)?";
+const QStringList overwriteQuestion{"warning|Warning|At least on file already exists in selected folder.\n"
+                                    "Do you want to overwrite existing file(s)?"};
 
-void uncheck(const QDialog& dialog, const QString& name)
+QStringList errorQuestion(const QString& name)
 {
-    auto* tree = dialog.findChild<QTreeWidget*>("treeWidget");
-    qobject_cast<QCheckBox*>(tree->itemWidget(tree->findItems(name, Qt::MatchExactly).first(), 2))->click();
+    return {"warning|Warning|Error on copying file " + name +
+            ".\nPlease check available disc space and permissions.\n\nContinue copying?"};
 }
 
 } // namespace
@@ -50,7 +46,6 @@ private slots:
     void neverLosesFilesOfItsOwnFolder();
     void stopsOnCancel();
     void copiesNothingWithoutChoice();
-    void ignoresStaleAnswers();
 
 private:
     void copyTo(const QString& folder, const QStringList& unchecked = {});
@@ -73,24 +68,23 @@ void tst_CopyController::init()
     m_dialogs = std::make_unique<DialogScript>();
     m_window->session.viewMode = 2;
     m_window->session.folder = m_from->path();
-    for (const char* record : {"a.wav=Pip + Nyc|", "b.wav=Pip|", "c.wav=|No call|0|", "d.wav=Nyc|"}) {
-        const QString name = QString(record).section('=', 0, 0);
-        m_window->add(m_window->evaluationList, exampleRow(name, "", "", QString(record).section('=', 1)));
+    for (const QString record : {"a.wav=Pip + Nyc|", "b.wav=Pip|", "c.wav=|No call|0|", "d.wav=Nyc|"}) {
+        const QString name = record.section('=', 0, 0);
+        m_window->add(m_window->evaluationList, exampleRow(name, "", "", record.section('=', 1)));
         QVERIFY(writeBytes(m_from->filePath(name), "sound of " + name.toUtf8()));
     }
     m_copy = new CopyController(m_window->window, m_window->rows(), m_window->session, m_window->settings,
                                 m_window->prompts);
     m_worker = std::make_unique<CopyFilesThread>();
     connect(m_copy, &CopyController::copyFiles, m_worker.get(), &CopyFilesThread::copyFiles);
+    connect(m_worker.get(), &CopyFilesThread::signalCopyFinished, m_copy, &CopyController::copyingFinished);
     m_thread = std::make_unique<QThread>();
     m_worker->moveToThread(m_thread.get());
-    connect(m_worker.get(), &CopyFilesThread::signalCopyFinished, m_copy, &CopyController::copyingFinished);
     m_thread->start();
 }
 
 void tst_CopyController::cleanup()
 {
-    QTRY_VERIFY(!m_copy->isRunning());
     m_thread->quit();
     QVERIFY(m_thread->wait(5000));
     QVERIFY(m_dialogs->isDone());
@@ -101,8 +95,10 @@ void tst_CopyController::copyTo(const QString& folder, const QStringList& unchec
 {
     m_dialogs->choosePath(folder);
     m_dialogs->on<CopyFilesDialog>([unchecked](CopyFilesDialog& dialog) {
+        auto* tree = dialog.findChild<QTreeWidget*>("treeWidget");
         for (const QString& name : unchecked)
-            uncheck(dialog, name);
+            qobject_cast<QCheckBox*>(tree->itemWidget(tree->findItems(name, Qt::MatchExactly).first(), 2))
+                ->click();
         dialog.accept();
     });
     m_copy->copyFilesToOtherFolder();
@@ -115,51 +111,47 @@ void tst_CopyController::copiesChosenClasses()
     copyTo(m_to->path(), {"Pip", "Unassigned"});
     QCOMPARE(m_dialogs->asked.value(0).section('|', 0, 1), "Copy Files to Folder|" + m_to->path());
     QCOMPARE(copied(), QStringList({"a.wav", "d.wav"}));
-    QCOMPARE(bytesOf(m_to->filePath("d.wav")), QByteArray("sound of d.wav"));
     QCOMPARE(folderContents(m_from->path()).size(), 4);
 }
 
 void tst_CopyController::asksBeforeOverwriting_data()
 {
     QTest::addColumn<int>("answer");
-    QTest::addColumn<QStringList>("names");
+    QTest::addColumn<QString>("names");
     QTest::addColumn<QByteArray>("ofB");
-    const QStringList all{"a.wav", "b.wav", "c.wav", "d.wav"};
-    QTest::newRow("yes") << int(Answer::Yes) << all << QByteArray("sound of b.wav");
-    QTest::newRow("no") << int(Answer::No) << all << QByteArray("older");
-    QTest::newRow("cancel") << int(Answer::Cancel) << QStringList("b.wav") << QByteArray("older");
+    QTest::newRow("yes") << int(Answer::Yes) << "a.wav b.wav c.wav d.wav" << QByteArray("sound of b.wav");
+    QTest::newRow("no") << int(Answer::No) << "a.wav b.wav c.wav d.wav" << QByteArray("older");
+    QTest::newRow("cancel") << int(Answer::Cancel) << "b.wav" << QByteArray("older");
 }
 
 void tst_CopyController::asksBeforeOverwriting()
 {
     QFETCH(int, answer);
-    QFETCH(QStringList, names);
     QFETCH(QByteArray, ofB);
     QVERIFY(writeBytes(m_to->filePath("b.wav"), "older"));
     m_window->prompts.willAnswer(Answer(answer));
     copyTo(m_to->path());
-    QCOMPARE(m_window->prompts.takeAsked(), QStringList(overwriteQuestion));
-    QCOMPARE(copied(), names);
+    QCOMPARE(m_window->prompts.takeAsked(), overwriteQuestion);
+    QTEST(copied().join(' '), "names");
     QCOMPARE(bytesOf(m_to->filePath("b.wav")), ofB);
 }
 
 void tst_CopyController::asksAboutErrors_data()
 {
     QTest::addColumn<int>("answer");
-    QTest::addColumn<QStringList>("names");
-    QTest::newRow("go on") << int(Answer::Ok) << QStringList{"a.wav", "c.wav", "d.wav"};
-    QTest::newRow("cancel") << int(Answer::Cancel) << QStringList{"a.wav"};
+    QTest::addColumn<QString>("names");
+    QTest::newRow("go on") << int(Answer::Ok) << "a.wav c.wav d.wav";
+    QTest::newRow("cancel") << int(Answer::Cancel) << "a.wav";
 }
 
 void tst_CopyController::asksAboutErrors()
 {
     QFETCH(int, answer);
-    QFETCH(QStringList, names);
     QVERIFY(QFile::remove(m_from->filePath("b.wav")));
     m_window->prompts.willAnswer(Answer(answer));
     copyTo(m_to->path());
-    QCOMPARE(m_window->prompts.takeAsked(), QStringList(QString(errorQuestion).arg("b.wav")));
-    QCOMPARE(copied(), names);
+    QCOMPARE(m_window->prompts.takeAsked(), errorQuestion("b.wav"));
+    QTEST(copied().join(' '), "names");
 }
 
 void tst_CopyController::neverLosesFilesOfItsOwnFolder()
@@ -167,8 +159,7 @@ void tst_CopyController::neverLosesFilesOfItsOwnFolder()
     const auto before = folderContents(m_from->path());
     m_window->prompts.willAnswer(Answer::Yes);
     copyTo(m_from->path()); // the question about the error is answered with its default, cancel
-    QCOMPARE(m_window->prompts.takeAsked(),
-             QStringList({overwriteQuestion, QString(errorQuestion).arg("a.wav")}));
+    QCOMPARE(m_window->prompts.takeAsked(), overwriteQuestion + errorQuestion("a.wav"));
     QCOMPARE(folderContents(m_from->path()), before);
 }
 
@@ -176,12 +167,11 @@ void tst_CopyController::stopsOnCancel()
 {
     connect(m_worker.get(), &CopyFilesThread::signalCopyFinished, m_copy, [this](int index) {
         auto* progress = m_window->window.findChild<QProgressDialog*>();
-        QVERIFY(progress);
-        QCOMPARE(progress->labelText() + '|' + progress->windowTitle(),
-                 QStringLiteral("Copying...|Please wait"));
-        QCOMPARE(progress->minimum(), 0);
-        QCOMPARE(progress->maximum(), 3);
-        if (index == 0) // its answer is being handled, that of the next file will end the run
+        QCOMPARE(QStringLiteral("%1|%2|%3")
+                     .arg(progress->labelText(), progress->windowTitle())
+                     .arg(progress->maximum()),
+                 QStringLiteral("Copying...|Please wait|3"));
+        if (index == 0) // the next request is on its way, and its answer ends the run
             progress->findChild<QPushButton*>()->click();
     });
     copyTo(m_to->path());
@@ -197,17 +187,9 @@ void tst_CopyController::copiesNothingWithoutChoice()
     m_copy->copyFilesToOtherFolder();
     QCOMPARE(m_window->settings.value(SettingKeys::copyFilesPath), QStringLiteral("C:/"));
     copyTo(m_to->path(), {"Pip", "Nyc", "Unassigned"});
-    m_window->session.viewMode = 0;
+    m_window->session.viewMode = 0; // nothing is listed
     m_copy->copyFilesToOtherFolder();
     QCOMPARE(copied(), QStringList());
-    QCOMPARE(m_window->settings.value(SettingKeys::copyFilesPath), m_to->path());
-}
-
-void tst_CopyController::ignoresStaleAnswers()
-{
-    QSignalSpy requests(m_copy, &CopyController::copyFiles);
-    m_copy->copyingFinished(0, m_to->path(), m_from->path(), {"a.wav", "b.wav"}, false);
-    QCOMPARE(requests.size(), 0);
 }
 
 QTEST_MAIN(tst_CopyController)

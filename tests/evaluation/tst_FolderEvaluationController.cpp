@@ -10,35 +10,19 @@
 
 #include <memory>
 
-using Answer = UserPrompts::Answer;
-
-namespace {
-
-const char* const vantorWarning = "warning|Warning|Vantor Evaluation allows only Vantor compatible\n"
-                                  "classifications.\n\nAll preassigned non-Vantor classifications will be "
-                                  "discarded.";
-
-} // namespace
-
 class tst_FolderEvaluationController : public QObject
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup();
+    void startsVantorEvaluation_data();
     void startsVantorEvaluation();
-    void warnsBeforeVantorEvaluation_data();
-    void warnsBeforeVantorEvaluation();
     void startsReview_data();
     void startsReview();
-    void refusesReview_data();
-    void refusesReview();
     void waitsForComputation();
 
 private:
-    void chooseTree(bool advanced);
-
     std::unique_ptr<EvaluationWindow> m_window;
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<DialogScript> m_dialogs;
@@ -65,113 +49,90 @@ void tst_FolderEvaluationController::init()
     });
 }
 
-void tst_FolderEvaluationController::cleanup()
+void tst_FolderEvaluationController::startsVantorEvaluation_data()
 {
-    QVERIFY(m_dialogs->isDone());
-    QCOMPARE(m_window->prompts.takeAsked(), QStringList());
-}
-
-void tst_FolderEvaluationController::chooseTree(bool advanced)
-{
-    m_dialogs->on<ReviewFolderDialog>([advanced](ReviewFolderDialog& dialog) {
-        dialog.findChild<QAbstractButton*>(advanced ? "radioButton_advancedTree" : "radioButton_simpleTree")
-            ->click();
-        dialog.accept();
-    });
+    QTest::addColumn<bool>("goesOn");
+    QTest::addColumn<QStringList>("files");
+    QTest::addColumn<QStringList>("wanted");
+    QTest::addColumn<QString>("told");
+    const QStringList none;
+    QTest::newRow("called off") << false << none << none << "";
+    QTest::newRow("empty folder") << true << none << none << "warning|Warning|No Bat Call Files in Folder";
+    QTest::newRow("raw files")
+        << true << QStringList{"b.wav", "a.WAV", "c.raw"}
+        << QStringList{"Nyc NycLow NycNoc NycMid Enil Pip PipNat PipPn PipPip PipPp PipPyg "
+                       "No Call",
+                       "mode 3, classes 1, review 3, result : a.WAV b.wav c.raw"}
+        << "information|Information|" + FolderTask::rawFilesNote();
 }
 
 void tst_FolderEvaluationController::startsVantorEvaluation()
 {
-    for (const char* name : {"b.wav", "a.WAV", "c.raw"})
-        QVERIFY(writeBytes(m_folder->filePath(name), "sound"));
-    m_window->prompts.willAnswer(Answer::Ok);
-    m_dialogs->choosePath(m_folder->path());
-    m_evaluation->startVantorEvaluation();
-    QCOMPARE(m_wanted,
-             QStringList({"Nyc NycLow NycNoc NycMid Enil Pip PipNat PipPn PipPip PipPp PipPyg No Call",
-                          "mode 3, classes 1, review 3, result : a.WAV b.wav c.raw"}));
-    QCOMPARE(m_window->settings.value(SettingKeys::vantorFolderPath), m_folder->path());
-    QCOMPARE(m_window->prompts.takeAsked(),
-             QStringList({vantorWarning, "information|Information|" + FolderTask::rawFilesNote()}));
-}
-
-void tst_FolderEvaluationController::warnsBeforeVantorEvaluation_data()
-{
-    QTest::addColumn<bool>("goesOn");
-    QTest::addColumn<QStringList>("asked");
-    QTest::newRow("called off") << false << QStringList(vantorWarning);
-    QTest::newRow("empty folder") << true
-                                  << QStringList(
-                                         {vantorWarning, "warning|Warning|No Bat Call Files in Folder"});
-}
-
-void tst_FolderEvaluationController::warnsBeforeVantorEvaluation()
-{
     QFETCH(bool, goesOn);
-    if (goesOn) {
-        m_window->prompts.willAnswer(Answer::Ok);
+    QFETCH(QStringList, files);
+    QFETCH(QStringList, wanted);
+    QFETCH(QString, told);
+    for (const QString& name : files)
+        QVERIFY(writeBytes(m_folder->filePath(name), "sound"));
+    if (goesOn) { // else the question's default answers
+        m_window->prompts.willAnswer(UserPrompts::Answer::Ok);
         m_dialogs->choosePath(m_folder->path());
     }
     m_evaluation->startVantorEvaluation();
-    QTEST(m_window->prompts.takeAsked(), "asked");
-    QCOMPARE(m_wanted, QStringList());
-    QCOMPARE(m_window->settings.value(SettingKeys::vantorFolderPath), QStringLiteral("/home"));
+    QCOMPARE(m_wanted, wanted);
+    QCOMPARE(m_window->prompts.takeAsked().join('#'),
+             "warning|Warning|Vantor Evaluation allows only Vantor compatible\nclassifications.\n\nAll "
+             "preassigned non-Vantor classifications will be discarded." +
+                 (told.isEmpty() ? told : '#' + told));
+    QCOMPARE(m_window->settings.value(SettingKeys::vantorFolderPath),
+             wanted.isEmpty() ? QStringLiteral("/home") : m_folder->path());
 }
 
 void tst_FolderEvaluationController::startsReview_data()
 {
-    QTest::addColumn<bool>("advanced");
+    QTest::addColumn<QStringList>("files");
+    QTest::addColumn<QString>("button"); // empty: called off
     QTest::addColumn<QStringList>("wanted");
-    QTest::newRow("simple") << false
-                            << QStringList(
-                                   {"Pip Pnat Nyc No Call",
-                                    "mode 4, classes 0, review 0, result calls_ch1_files.txt: a.wav"});
-    QTest::newRow("advanced") << true
-                              << QStringList(
-                                     {"Pip Pnat PpPn Ppip PpPp Ppyg Nyc Nlow Nnoc Nycmi Enil No Call",
-                                      "mode 4, classes 0, review 1, result calls_ch1_files.txt: a.wav"});
+    QTest::addColumn<QStringList>("told");
+    const QString simple = "radioButton_simpleTree";
+    const QString advanced = "radioButton_advancedTree";
+    const QStringList all{"a.wav", "b.raw", "calls_ch1_files.txt"};
+    const QString task = "mode 4, classes 0, review %1, result calls_ch1_files.txt: a.wav";
+    const QStringList none;
+    QTest::newRow("simple") << all << simple << QStringList{"Pip Pnat Nyc No Call", task.arg(0)} << none;
+    QTest::newRow("advanced") << all << advanced
+                              << QStringList{"Pip Pnat PpPn Ppip PpPp Ppyg Nyc Nlow Nnoc Nycmi Enil No Call",
+                                             task.arg(1)}
+                              << none;
+    QTest::newRow("called off") << all << "" << none << none;
+    QTest::newRow("no result file")
+        << QStringList(all.mid(0, 2)) << simple << none
+        << QStringList{
+               "warning|Warning|The selected folder does not contain the resulting file "
+               "'calls_ch1_files.txt' of a RECORDER WEA Offline Analysis.\n\nPlease run the WEA Offline "
+               "Analysis with the software RECORDER first."};
+    QTest::newRow("no recordings") << QStringList(all.mid(1)) << simple << none
+                                   << QStringList{"warning|Warning|No Bat Call WAV Files in Folder"};
 }
 
 void tst_FolderEvaluationController::startsReview()
 {
-    QFETCH(bool, advanced);
-    for (const char* name : {"a.wav", "b.raw", "calls_ch1_files.txt"})
+    QFETCH(QStringList, files);
+    QFETCH(QString, button);
+    for (const QString& name : files)
         QVERIFY(writeBytes(m_folder->filePath(name), "bytes"));
     m_dialogs->choosePath(m_folder->path());
-    chooseTree(advanced);
+    m_dialogs->on<ReviewFolderDialog>([button](ReviewFolderDialog& dialog) {
+        if (auto* choice = dialog.findChild<QAbstractButton*>(button))
+            choice->click();
+        dialog.done(button.isEmpty() ? QDialog::Rejected : QDialog::Accepted);
+    });
     m_evaluation->startReview();
     QTEST(m_wanted, "wanted");
-    QCOMPARE(m_window->settings.value(SettingKeys::vantorReviewPath), m_folder->path());
-}
-
-void tst_FolderEvaluationController::refusesReview_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("warning");
-    QTest::newRow("no result file")
-        << "a.wav"
-        << "The selected folder does not contain the resulting file 'calls_ch1_files.txt' of a RECORDER WEA "
-           "Offline Analysis.\n\nPlease run the WEA Offline Analysis with the software RECORDER first.";
-    QTest::newRow("no recordings") << "calls_ch1_files.txt"
-                                   << "No Bat Call WAV Files in Folder";
-}
-
-void tst_FolderEvaluationController::refusesReview()
-{
-    QFETCH(QString, file);
-    QFETCH(QString, warning);
-    QVERIFY(writeBytes(m_folder->filePath(file), "bytes"));
-    m_dialogs->choosePath(m_folder->path());
-    m_dialogs->cancel<ReviewFolderDialog>();
-    m_evaluation->startReview();
-    QCOMPARE(m_window->settings.value(SettingKeys::vantorReviewPath), QStringLiteral("/home"));
-
-    m_dialogs->choosePath(m_folder->path());
-    chooseTree(true);
-    m_evaluation->startReview();
-    QCOMPARE(m_window->prompts.takeAsked(), QStringList("warning|Warning|" + warning));
-    QCOMPARE(m_wanted, QStringList());
-    QCOMPARE(m_window->settings.value(SettingKeys::vantorReviewPath), m_folder->path());
+    const QStringList told = m_window->prompts.takeAsked();
+    QTEST(told, "told");
+    QCOMPARE(m_window->settings.value(SettingKeys::vantorReviewPath),
+             button.isEmpty() ? QStringLiteral("/home") : m_folder->path());
 }
 
 void tst_FolderEvaluationController::waitsForComputation()
@@ -179,7 +140,7 @@ void tst_FolderEvaluationController::waitsForComputation()
     m_window->session.busy = true;
     m_evaluation->startVantorEvaluation();
     m_evaluation->startReview();
-    QCOMPARE(m_dialogs->asked, QStringList());
+    QCOMPARE(m_dialogs->asked + m_window->prompts.takeAsked(), QStringList());
 }
 
 QTEST_MAIN(tst_FolderEvaluationController)
