@@ -57,7 +57,9 @@ public:
     }
     QwtGraphic legendIcon(int /*index*/, const QSizeF& size) const override
     {
-        return defaultIcon(brush(), size);
+        QColor color = brush().color();
+        color.setAlpha(3 * color.alpha()); // so small, the shade would not be seen
+        return defaultIcon(color, size);
     }
 };
 
@@ -92,7 +94,8 @@ ActivityPlot::ActivityPlot(ActivityKind kind, QWidget* parent)
 
     m_validHours->setYAxis(QwtPlot::yRight);
     m_validHours->setBrush(hoursColor);
-    m_validHours->setPen(QPen(hoursColor.darker(106)));
+    const bool isDense = kind == ActivityKind::Time || kind == ActivityKind::Days;
+    m_validHours->setPen(isDense ? QPen(Qt::NoPen) : QPen(hoursColor.darker(106)));
     m_validHours->setZ(1.0);
     m_validHours->attach(this);
     m_message->setItemAttribute(QwtPlotItem::Legend, false);

@@ -121,14 +121,20 @@ QString tst_plotFolderDialog::written(const QString& name, const QByteArray& byt
     return file.fileName();
 }
 
+/// As soon as it is open, which may take long on a busy computer.
 void tst_plotFolderDialog::answerFileDialog(const QString& path)
 {
-    QTimer::singleShot(50, [path] {
+    auto* timer = new QTimer(qApp);
+    connect(timer, &QTimer::timeout, timer, [timer, path] {
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        QVERIFY(dialog != nullptr);
+        if (dialog == nullptr)
+            return;
+        timer->deleteLater();
+        timer->stop();
         dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
         QMetaObject::invokeMethod(dialog, "accept");
     });
+    timer->start(20);
 }
 
 QByteArray tst_plotFolderDialog::exportedTo(const QString& folder, int index)
