@@ -278,6 +278,7 @@ void tst_plotFolderDialog::exportsThePlot()
     tabs()->setCurrentIndex(1);
     QTest::mouseClick(entry(QStringLiteral("Noise")), Qt::LeftButton);
     const QString path = m_output + QLatin1Char('/') + name;
+    QFile::remove(path); // or the dialog asks
     answerFileDialog(path);
     emit tab(1).exportPlotClicked();
     QFile file(name.contains(QLatin1Char('.')) ? path : path + QStringLiteral(".pdf"));
