@@ -8,6 +8,7 @@
 #include "tools/DemoSeason.h"
 #include "viewer/ClampedZoomer.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDateTimeEdit>
 #include <QFileDialog>
@@ -21,6 +22,7 @@
 #include <QtTest>
 #include <qwt_legend.h>
 #include <qwt_legend_label.h>
+#include <qwt_plot_zoneitem.h>
 #include <qwt_scale_draw.h>
 #include <qwt_scale_widget.h>
 
@@ -55,6 +57,7 @@ private slots:
 
     void showsEachTab_data();
     void showsEachTab();
+    void shadesTheNightAtBothEnds();
     void showsNoDataWithoutWeather();
     void legendSwitchesCurvesAndColumns();
     void axisAndZoom();
@@ -195,6 +198,22 @@ void tst_plotFolderDialog::showsEachTab()
     QVERIFY(text.startsWith(quantity));
     QCOMPARE(text.count("\r\n"), bins + 1);
     QVERIFY(m_dialog->grab().save(m_output + QStringLiteral("/tab%1.png").arg(index)));
+}
+
+void tst_plotFolderDialog::shadesTheNightAtBothEnds()
+{
+    QwtPlot& plot = tab(0).plot();
+    const auto isNight = [&](double seconds) {
+        int zones = 0;
+        for (const QwtPlotItem* item : plot.itemList(QwtPlotItem::Rtti_PlotZone))
+            zones += static_cast<const QwtPlotZoneItem*>(item)->interval().contains(seconds) ? 1 : 0;
+        return zones == 1;
+    };
+    QVERIFY(isNight(23 * 3600) && isNight(26 * 3600) && !isNight(13 * 3600));
+    m_dialog->findChild<QCheckBox*>(QStringLiteral("checkBoxCenterNight"))->click();
+    QCOMPARE(plot.axisScaleDiv(QwtPlot::xBottom).upperBound(), 86400.0);
+    QVERIFY(isNight(23 * 3600) && isNight(2 * 3600) && !isNight(13 * 3600));
+    QVERIFY(m_dialog->grab().save(m_output + QStringLiteral("/midnight.png")));
 }
 
 void tst_plotFolderDialog::showsNoDataWithoutWeather()
