@@ -74,9 +74,10 @@ QwtScaleDiv divided(double low, double high, double offset, std::initializer_lis
     }
     const auto ticks = [&](double distance) {
         QList<double> result;
-        for (double tick = std::ceil((low - offset) / distance) * distance + offset; tick <= high;
-             tick += distance)
-            result.append(tick);
+        const auto first = static_cast<qint64>(std::ceil((low - offset) / distance));
+        const auto last = static_cast<qint64>(std::floor((high - offset) / distance));
+        for (qint64 i = first; i <= last; ++i)
+            result.append(static_cast<double>(i) * distance + offset);
         return result;
     };
     return QwtScaleDiv(low, high, minor < step ? ticks(minor) : QList<double>(), {}, ticks(step));

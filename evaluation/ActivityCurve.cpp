@@ -11,6 +11,7 @@ ActivityCurve::ActivityCurve(const QString& name) : QwtPlotCurve(name)
     setRenderHint(QwtPlotItem::RenderAntialiased);
     setLegendAttribute(QwtPlotCurve::LegendShowLine);
     setLegendAttribute(QwtPlotCurve::LegendShowSymbol);
+    setLegendIconSize(QSize(26, 10)); // room for a dash and a symbol
 }
 
 void ActivityCurve::setPoints(const QVector<double>& positions, const std::vector<double>& values,

@@ -57,7 +57,9 @@ public:
     }
     QwtGraphic legendIcon(int /*index*/, const QSizeF& size) const override
     {
-        return defaultIcon(brush(), size);
+        QColor color = brush().color();
+        color.setAlpha(3 * color.alpha()); // so small, the shade would not be seen
+        return defaultIcon(color, size);
     }
 };
 
@@ -92,7 +94,8 @@ ActivityPlot::ActivityPlot(ActivityKind kind, QWidget* parent)
 
     m_validHours->setYAxis(QwtPlot::yRight);
     m_validHours->setBrush(hoursColor);
-    m_validHours->setPen(QPen(hoursColor.darker(106)));
+    const bool isDense = kind == ActivityKind::Time || kind == ActivityKind::Days;
+    m_validHours->setPen(isDense ? QPen(Qt::NoPen) : QPen(hoursColor.darker(106)));
     m_validHours->setZ(1.0);
     m_validHours->attach(this);
     m_message->setItemAttribute(QwtPlotItem::Legend, false);
@@ -125,7 +128,7 @@ void ActivityPlot::initialiseZones()
     }
     if (m_kind != ActivityKind::Time)
         return;
-    for (const QColor& color : {twilightColor, nightColor, twilightColor}) {
+    for (const QColor& color : {twilightColor, nightColor, twilightColor, nightColor}) {
         auto* zone = new ShadedZone(color);
         zone->setZ(1.5);
         zone->setItemAttribute(QwtPlotItem::Legend, m_zones.size() < 2);
@@ -206,16 +209,18 @@ void ActivityPlot::showTwilight(const TwilightTimes& times, const QString& label
         zone->setInterval(QwtInterval());
     if (m_table.bins.empty() || m_zones.empty() || !times.isValid)
         return;
-    // On an axis from midnight to midnight the night is what is left of both ends.
+    // On an axis from midnight to midnight the night lies at both ends.
     const double shift = ActivityAxis::range(m_table).first >= 43200.0 ? 0.0 : 86400.0;
+    const QwtInterval evening = QwtInterval(times.sunset, times.eveningTwilight).normalized();
+    const QwtInterval morning =
+        QwtInterval(times.morningTwilight - shift, times.sunrise - shift).normalized();
     m_zones[0]->setTitle(label);
     checkLegend(); // a new title makes a new entry
-    m_zones[0]->setInterval(std::min(times.sunset, times.eveningTwilight),
-                            std::max(times.sunset, times.eveningTwilight));
-    m_zones[1]->setInterval(std::max(times.sunset, times.eveningTwilight),
-                            std::min(times.sunrise, times.morningTwilight));
-    m_zones[2]->setInterval(std::min(times.sunrise, times.morningTwilight) - shift,
-                            std::max(times.sunrise, times.morningTwilight) - shift);
+    m_zones[0]->setInterval(evening);
+    m_zones[1]->setInterval(evening.maxValue(), morning.minValue() + shift);
+    m_zones[2]->setInterval(morning);
+    if (shift > 0.0)
+        m_zones[3]->setInterval(0.0, morning.minValue());
     replot();
 }
 
@@ -236,8 +241,9 @@ void ActivityPlot::setShown(const QVariant& legendEntry, bool shown)
     if (item == nullptr)
         return;
     item->setVisible(shown);
-    if (m_zones.size() == 3 && item == m_zones[0])
-        m_zones[2]->setVisible(shown);
+    for (std::size_t i = 0; i < m_zones.size() / 2; ++i)
+        if (item == m_zones[i])
+            m_zones[i + 2]->setVisible(shown);
     if (m_zoomers->left->zoomRectIndex() == 0)
         resetView();
     else

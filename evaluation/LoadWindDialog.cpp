@@ -30,6 +30,8 @@ LoadWindDialog::LoadWindDialog(QWidget* parent, const QString& fileName, Activit
       m_settings(settings)
 {
     m_ui->setupUi(this);
+    m_ui->treeWidget->setHeaderLabels(
+        {QStringLiteral("Begin Date"), QStringLiteral("Begin Time"), QStringLiteral("Wind Speed")});
     m_ui->comboBox->addItems(WindFormat::dateFormats());
     m_ui->comboBox_3->addItems(WindFormat::timeFormats());
     fillZoneBox(*m_ui->comboBox_2);

@@ -16,6 +16,8 @@ invalidTimesDialog::invalidTimesDialog(QWidget* parent, const QString& invalidTi
     : QDialog(parent), m_ui(std::make_unique<Ui::invalidTimesDialog>()), m_invalidTimes(invalidTimes)
 {
     m_ui->setupUi(this);
+    m_ui->treeWidget->setHeaderLabels(
+        {QStringLiteral("number"), QStringLiteral("Begin"), QStringLiteral("End")});
     m_ui->treeWidget->setColumnWidth(0, 50);
     m_ui->treeWidget->setColumnWidth(beginColumn, 170);
     for (const InvalidPeriod& period : invalidPeriods(invalidTimes))

@@ -65,9 +65,12 @@ QString text(const QDateTime& time, const char* format)
 int poisson(double mean, RandomSource& random)
 {
     const double limit = std::exp(-mean);
+    double product = random.uniform();
     int count = 0;
-    for (double product = random.uniform(); product > limit; product *= random.uniform())
+    while (product > limit) {
+        product *= random.uniform();
         ++count;
+    }
     return count;
 }
 

@@ -44,9 +44,9 @@ const std::vector<ActivityQuantity>& ActivityQuantity::choices()
 {
     static const std::vector<ActivityQuantity> all = [] {
         std::vector<ActivityQuantity> result{{Kind::RecordingsPerHour, 0}, {Kind::Files, 0}};
-        for (const Kind kind : {Kind::DynamicEvents, Kind::StaticEvents})
-            for (const int minutes : {1, 5, 10})
-                result.push_back({kind, minutes});
+        for (const Kind mode : {Kind::DynamicEvents, Kind::StaticEvents})
+            for (const int interval : {1, 5, 10})
+                result.push_back({mode, interval});
         return result;
     }();
     return all;
@@ -63,7 +63,8 @@ QString ActivityQuantity::text() const
 }
 
 ActivityCounter::ActivityCounter(const ActivityRecordings& recordings, const RecorderClock& clock)
-    : m_recordings(recordings), m_curveCount(recordings.curveNames().size())
+
+    : m_curveCount(recordings.curveNames().size())
 {
     m_instants.reserve(recordings.entries().size());
     for (const ActivityRecordings::Entry& entry : recordings.entries())
@@ -104,7 +105,7 @@ std::vector<int> ActivityCounter::recordingsIn(const ActivityBin& bin) const
 std::vector<int> ActivityCounter::eventsIn(const ActivityBin& bin, const ActivityQuantity& quantity) const
 {
     const bool dynamic = quantity.kind == ActivityQuantity::Kind::DynamicEvents;
-    const qint64 seconds = 60 * quantity.minutes;
+    const qint64 seconds = qint64(60) * quantity.minutes;
     std::vector<int> counts(static_cast<std::size_t>(m_curveCount), 0);
     std::vector<qint64> begins(counts.size(), 0);
     const auto meet = [&](int curve, const Instant& instant) {

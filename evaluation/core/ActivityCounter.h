@@ -87,7 +87,6 @@ private:
     std::vector<int> recordingsIn(const ActivityBin& bin) const;
     std::vector<int> eventsIn(const ActivityBin& bin, const ActivityQuantity& quantity) const;
 
-    const ActivityRecordings& m_recordings;
     int m_curveCount;
     std::vector<Instant> m_instants; ///< in order of time
 };

@@ -67,8 +67,8 @@ std::vector<TimeSpan> MonitoringCalendar::windowOf(const QDate& date) const
     if (m_plan.relative) {
         std::vector<TimeSpan> window;
         for (const Night& night : nightsBetween(date, date, SunTimes::altitudeOf(m_plan.twilight)))
-            window.push_back(
-                {night.sunset + 60 * m_plan.startMinutes, night.sunrise + 60 * m_plan.stopMinutes});
+            window.push_back({night.sunset + qint64(60) * m_plan.startMinutes,
+                              night.sunrise + qint64(60) * m_plan.stopMinutes});
         return window;
     }
     const qint64 start = RecorderClock::wall(date, m_plan.dailyStart);

@@ -18,7 +18,7 @@ namespace {
 using Text = std::string_view;
 
 constexpr std::size_t longestLine = 4096;
-constexpr qint64 pieceSize = 512 * 1024;
+constexpr qint64 pieceSize = qint64(512) * 1024;
 
 bool isIgnored(char c)
 {

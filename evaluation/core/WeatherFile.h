@@ -31,7 +31,7 @@ struct WeatherRead
 
     qint64 samples() const
     {
-        return static_cast<qint64>(temperature.size() + precipitation.size() + windSpeed.size());
+        return qint64(temperature.size()) + qint64(precipitation.size()) + qint64(windSpeed.size());
     }
     /// "52560 samples read, 1 line skipped."
     QString text() const;

@@ -8,6 +8,7 @@
 #include "tools/DemoSeason.h"
 #include "viewer/ClampedZoomer.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDateTimeEdit>
 #include <QFileDialog>
@@ -21,6 +22,7 @@
 #include <QtTest>
 #include <qwt_legend.h>
 #include <qwt_legend_label.h>
+#include <qwt_plot_zoneitem.h>
 #include <qwt_scale_draw.h>
 #include <qwt_scale_widget.h>
 
@@ -55,6 +57,7 @@ private slots:
 
     void showsEachTab_data();
     void showsEachTab();
+    void shadesTheNightAtBothEnds();
     void showsNoDataWithoutWeather();
     void legendSwitchesCurvesAndColumns();
     void axisAndZoom();
@@ -121,14 +124,20 @@ QString tst_plotFolderDialog::written(const QString& name, const QByteArray& byt
     return file.fileName();
 }
 
+/// As soon as it is open, which may take long on a busy computer.
 void tst_plotFolderDialog::answerFileDialog(const QString& path)
 {
-    QTimer::singleShot(50, [path] {
+    auto* timer = new QTimer(qApp);
+    connect(timer, &QTimer::timeout, timer, [timer, path] {
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        QVERIFY(dialog != nullptr);
+        if (dialog == nullptr)
+            return;
+        timer->deleteLater();
+        timer->stop();
         dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
         QMetaObject::invokeMethod(dialog, "accept");
     });
+    timer->start(20);
 }
 
 QByteArray tst_plotFolderDialog::exportedTo(const QString& folder, int index)
@@ -189,6 +198,22 @@ void tst_plotFolderDialog::showsEachTab()
     QVERIFY(text.startsWith(quantity));
     QCOMPARE(text.count("\r\n"), bins + 1);
     QVERIFY(m_dialog->grab().save(m_output + QStringLiteral("/tab%1.png").arg(index)));
+}
+
+void tst_plotFolderDialog::shadesTheNightAtBothEnds()
+{
+    QwtPlot& plot = tab(0).plot();
+    const auto isNight = [&](double seconds) {
+        int zones = 0;
+        for (const QwtPlotItem* item : plot.itemList(QwtPlotItem::Rtti_PlotZone))
+            zones += static_cast<const QwtPlotZoneItem*>(item)->interval().contains(seconds) ? 1 : 0;
+        return zones == 1;
+    };
+    QVERIFY(isNight(23 * 3600) && isNight(26 * 3600) && !isNight(13 * 3600));
+    m_dialog->findChild<QCheckBox*>(QStringLiteral("checkBoxCenterNight"))->click();
+    QCOMPARE(plot.axisScaleDiv(QwtPlot::xBottom).upperBound(), 86400.0);
+    QVERIFY(isNight(23 * 3600) && isNight(2 * 3600) && !isNight(13 * 3600));
+    QVERIFY(m_dialog->grab().save(m_output + QStringLiteral("/midnight.png")));
 }
 
 void tst_plotFolderDialog::showsNoDataWithoutWeather()
@@ -272,6 +297,7 @@ void tst_plotFolderDialog::exportsThePlot()
     tabs()->setCurrentIndex(1);
     QTest::mouseClick(entry(QStringLiteral("Noise")), Qt::LeftButton);
     const QString path = m_output + QLatin1Char('/') + name;
+    QFile::remove(path); // or the dialog asks
     answerFileDialog(path);
     emit tab(1).exportPlotClicked();
     QFile file(name.contains(QLatin1Char('.')) ? path : path + QStringLiteral(".pdf"));
