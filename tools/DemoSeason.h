@@ -9,7 +9,7 @@
 
 /// A made-up season of bats from April to October in Central Europe (51° north, 9° east), classified: nights
 /// follow the sun, classes have their months and hours, and cold, rain and wind keep bats at home. Always the
-/// same. All times are those of a clock that is put forward in summer, with the spec Qt::UTC.
+/// same. All times are those of a clock that is put forward in summer, kept as Qt::UTC.
 class DemoSeason
 {
 public:

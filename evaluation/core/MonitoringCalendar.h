@@ -72,7 +72,7 @@ private:
 /// A stretch in which a recorder did not work.
 struct InvalidPeriod
 {
-    QDateTime begin; ///< what the recorder's clock shows, with the spec Qt::UTC
+    QDateTime begin; ///< what the recorder's clock shows, kept as Qt::UTC
     QDateTime end;
 };
 

@@ -9,8 +9,8 @@
 /// How the clock of a recorder was set, as the export and plot dialogs ask for it: a time zone, and whether
 /// it was put forward in summer.
 ///
-/// The times of recordings are what that clock showed. They are kept as date and time in a QDateTime with the
-/// spec Qt::UTC, here called a wall-clock time, and never in the computer's own zone; what they mean depends
+/// The times of recordings are what that clock showed. They are kept as date and time in a QDateTime of
+/// Qt::UTC, here called a wall-clock time, and never in the computer's own zone; what they mean depends
 /// on this choice alone, neither on the computer's zone nor on its locale. A plain value; thread-safe.
 struct TimeZoneChoice
 {
@@ -22,7 +22,7 @@ struct TimeZoneChoice
     /// change, an hour that it shows twice the standard one.
     int offsetAt(const QDateTime& wallClock) const;
 
-    /// The moment at which the clock showed `wallClock`, with the spec Qt::UTC; invalid for an invalid time.
+    /// The moment at which the clock showed `wallClock`, as Qt::UTC; invalid for an invalid time.
     QDateTime utc(const QDateTime& wallClock) const;
 
     /// The zone in a table's header: its short name, or with a clock on standard time its offset,
