@@ -12,5 +12,11 @@ QRect SettingsStore::geometry(const QRect& fallback) const
 
 void SettingsStore::setGeometry(const QRect& geometry)
 {
-    m_settings.setValue(QLatin1String(SettingKeys::geometry), geometry);
+    store(SettingKeys::geometry, geometry);
+}
+
+void SettingsStore::store(const char* name, const QVariant& value)
+{
+    m_settings.setValue(QLatin1String(name), value);
+    m_settings.writeSoon();
 }

@@ -13,6 +13,7 @@ private slots:
     void keysWithTwoDefaultsShareOneValue();
     void unconvertibleTextReadsAsZero();
     void twoStoresSeeEachOther();
+    void writesWhileItLives();
 
 private:
     TemporarySettings m_temporary;
@@ -50,6 +51,19 @@ void tst_SettingsStore::twoStoresSeeEachOther()
     const SettingsStore second;
     first.setValue(SettingKeys::colormap, 2);
     QCOMPARE(second.value(SettingKeys::colormap), 2);
+}
+
+void tst_SettingsStore::writesWhileItLives()
+{
+    SettingsStore store;
+    store.setValue(SettingKeys::colormap, 1);
+    const auto written = [] {
+        QFile file(QSettings().fileName());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    QTRY_VERIFY(written().contains("colormap=1"));
+    store.setValue(SettingKeys::colormap, 2); // and again after the first time
+    QTRY_VERIFY(written().contains("colormap=2"));
 }
 
 QTEST_GUILESS_MAIN(tst_SettingsStore)

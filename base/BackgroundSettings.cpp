@@ -1,0 +1,41 @@
+#include "base/BackgroundSettings.h"
+
+#include <QEvent>
+
+namespace {
+
+constexpr int quietMilliseconds = 1000;
+
+} // namespace
+
+BackgroundSettings::~BackgroundSettings()
+{
+    m_writer.waitForDone(); // the base class writes the rest
+}
+
+void BackgroundSettings::writeSoon()
+{
+    m_timer.start(quietMilliseconds, this);
+}
+
+bool BackgroundSettings::event(QEvent* event)
+{
+    if (event->type() == QEvent::UpdateRequest)
+        return true; // the base class would write now and wait for the disk
+    return QSettings::event(event);
+}
+
+void BackgroundSettings::timerEvent(QTimerEvent* /*event*/)
+{
+    m_timer.stop();
+    write();
+}
+
+void BackgroundSettings::write()
+{
+    // Another object with the same names has the same values; an object of its own belongs to the other
+    // thread.
+    m_writer.start([organization = organizationName(), application = applicationName()] {
+        QSettings(organization, application).sync();
+    });
+}
