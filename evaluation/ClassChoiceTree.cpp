@@ -5,6 +5,7 @@
 
 #include <QCheckBox>
 #include <QHeaderView>
+#include <QShortcut>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 
@@ -68,6 +69,11 @@ QVector<QCheckBox*> ClassChoiceTree::fill(const QString& classText)
     m_tree.setRootIsDecorated(
         std::any_of(lines.cbegin(), lines.cend(), [](const auto& line) { return line.isSubclass; }));
     setColumnWidths(m_tree);
+    auto* space = new QShortcut(Qt::Key_Space, &m_tree, nullptr, nullptr, Qt::WidgetShortcut);
+    QObject::connect(space, &QShortcut::activated, &m_tree, [this] {
+        if (m_tree.currentItem())
+            toggle(m_tree.currentItem());
+    });
     return boxes;
 }
 

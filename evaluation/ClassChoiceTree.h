@@ -18,8 +18,8 @@ class ClassChoiceTree
 public:
     explicit ClassChoiceTree(QTreeWidget& tree) : m_tree(tree) {}
 
-    /// Makes the rows of a text as ClassChoice::lines() reads it, all checked. Returns their check boxes,
-    /// whose changes the dialog is to pass on to setChecked().
+    /// Makes the rows of a text as ClassChoice::lines() reads it, all checked; the space key changes the
+    /// current one. Returns their check boxes, whose changes the dialog is to pass on to setChecked().
     QVector<QCheckBox*> fill(const QString& classText);
 
     /// Takes over the state of a check box.

@@ -7,6 +7,7 @@
 #include "recordings/RecordingSession.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 
 FolderEvaluationController::FolderEvaluationController(QWidget& window, const RecordingSession& session,
                                                        SettingsStore& settings, UserPrompts& prompts)
@@ -46,7 +47,7 @@ void FolderEvaluationController::startReview()
     const bool simple = dialog.isSimpleTree();
     m_settings.setValue(SettingKeys::vantorReviewPath, folder);
     const FolderTask task = FolderTask::review(folder, simple ? 0 : 1);
-    if (!QFile::exists(task.recorderResultFileName)) {
+    if (!QFileInfo(task.recorderResultFileName).isFile()) {
         warn(
             QStringLiteral("The selected folder does not contain the resulting file 'calls_ch1_files.txt' of "
                            "a RECORDER WEA Offline Analysis.\n\nPlease run the WEA Offline Analysis with "

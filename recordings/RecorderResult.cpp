@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
+#include <QTextCodec>
 
 #include <algorithm>
 #include <limits>
@@ -12,6 +13,7 @@
 namespace {
 
 constexpr qint64 largestFile = 256 << 20; ///< a line for each of a million recordings
+constexpr int longestName = 1024;         ///< bytes; no file system has longer ones
 
 QString groupClass(const QString& group)
 {
@@ -20,6 +22,12 @@ QString groupClass(const QString& group)
     if (group == QLatin1String("Nyctaloid"))
         return QStringLiteral("Nyc");
     return group;
+}
+
+/// Also where nothing stands before it.
+QString further(const QString& name)
+{
+    return name.isEmpty() ? name : QStringLiteral(", ") + name;
 }
 
 QString proposalOf(const QString& line, RecorderResult::Mode mode)
@@ -32,13 +40,17 @@ QString proposalOf(const QString& line, RecorderResult::Mode mode)
         return QStringLiteral("No Call");
     if (kind != QLatin1String("bat"))
         return {};
-    QStringList classes;
     if (mode == RecorderResult::Mode::Groups)
-        classes = QStringList{groupClass(fields.at(4)), groupClass(fields.at(6))};
-    else
-        classes = QStringList{fields.value(8), fields.value(10), fields.value(12)};
-    classes.removeAll(QString());
-    return classes.join(QStringLiteral(", "));
+        return groupClass(fields.at(4)) + further(groupClass(fields.at(6)));
+    return fields.value(8) + further(fields.value(10)) + further(fields.value(12));
+}
+
+/// In UTF-8. A file in which that makes no sense comes from a computer that writes Latin-1.
+QByteArray inUtf8(const QByteArray& bytes)
+{
+    QTextCodec::ConverterState state;
+    QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
+    return state.invalidChars == 0 ? bytes : QString::fromLatin1(bytes).toUtf8();
 }
 
 /// Offsets behind every ".wav", in any case, in ascending order.
@@ -52,18 +64,20 @@ std::vector<int> nameEnds(const QByteArray& bytes)
 }
 
 /// The bytes before `end`, back to the start of the line, compared from the last to the first.
-/// Negative, 0 or positive like strcmp(); a text that the other ends with comes first.
+/// Negative, 0 or positive like strcmp(); a text that the other ends with comes first. What is further back
+/// than a name is long makes no difference.
 int compareBackwards(const QByteArray& a, int aEnd, const QByteArray& b, int bEnd)
 {
     const auto byteBefore = [](const QByteArray& bytes, int end) {
         return end == 0 || bytes.at(end - 1) == '\n' ? -1 : static_cast<uchar>(bytes.at(end - 1));
     };
-    for (;; --aEnd, --bEnd) {
-        const int aByte = byteBefore(a, aEnd);
-        const int bByte = byteBefore(b, bEnd);
+    for (int i = 0; i < longestName; ++i) {
+        const int aByte = byteBefore(a, aEnd - i);
+        const int bByte = byteBefore(b, bEnd - i);
         if (aByte != bByte || aByte < 0)
             return aByte - bByte;
     }
+    return 0;
 }
 
 bool endsWith(const QByteArray& bytes, int end, const QByteArray& name)
@@ -92,7 +106,7 @@ void RecorderResult::load(const QString& resultFileName)
     m_nameEnds.clear();
     QFile file(resultFileName);
     if (info.isFile() && m_size <= largestFile && file.open(QIODevice::ReadOnly))
-        m_bytes = file.readAll();
+        m_bytes = inUtf8(file.readAll());
     else
         qCDebug(lcRecordings, "Cannot read the recorder's results");
     m_nameEnds = nameEnds(m_bytes);
@@ -102,6 +116,8 @@ void RecorderResult::load(const QString& resultFileName)
 
 QByteArray RecorderResult::lineContaining(const QByteArray& name) const
 {
+    if (name.isEmpty() || name.size() > longestName || name.contains('\n'))
+        return {};
     const auto below = [this, &name](int end, int) {
         return compareBackwards(m_bytes, end, name, name.size()) < 0;
     };
@@ -109,12 +125,12 @@ QByteArray RecorderResult::lineContaining(const QByteArray& name) const
     for (auto it = std::lower_bound(m_nameEnds.cbegin(), m_nameEnds.cend(), 0, below);
          it != m_nameEnds.cend() && endsWith(m_bytes, *it, name); ++it)
         first = std::min(first, *it);
-    if (name.isEmpty() || first == std::numeric_limits<int>::max())
+    if (first == std::numeric_limits<int>::max())
         return {};
     const int start = first == 0 ? 0 : m_bytes.lastIndexOf('\n', first - 1) + 1;
     int end = m_bytes.indexOf('\n', first);
     end = end < 0 ? m_bytes.size() : end;
-    if (end > start && m_bytes.at(end - 1) == '\r')
+    while (end > start && m_bytes.at(end - 1) == '\r')
         --end;
     return m_bytes.mid(start, end - start);
 }

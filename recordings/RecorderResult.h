@@ -11,8 +11,9 @@
 /// that it leaves there, "calls_ch1_files.txt".
 ///
 /// A line has fields with tabs between them. Of those (counted from 0) are read: 3 the kind of event, 4 and 6
-/// the groups, 8, 10 and 12 the species. A recording's line is the first that contains its file name, be it
-/// as part of another's.
+/// the groups, 8, 10 and 12 the species; what is missing counts as empty. A recording's line is the first
+/// that contains its file name, be it as part of another's. Lines end in LF or CR LF; the text is UTF-8, or
+/// else Latin-1.
 ///
 /// Keeps the last file and reads it again when it has changed, so that asking for each recording of a folder
 /// stays fast. Not thread-safe.
@@ -21,8 +22,9 @@ class RecorderResult
 public:
     enum class Mode { Groups, Species };
 
-    /// The class proposal for a WAV file, several joined by ", "; "No Call" for noise and tests. Empty where
-    /// there is no result file, no line, a line with fewer than 7 fields or another kind of event.
+    /// The class proposal for a WAV file, several joined by ", "; "No Call" for noise and tests. It begins
+    /// with ", " where only a later class is given. Empty where there is no result file, no line, a line with
+    /// fewer than 7 fields or another kind of event.
     QString proposal(const QString& resultFileName, const QString& wavFileName, Mode mode);
 
 private:

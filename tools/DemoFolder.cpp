@@ -18,22 +18,41 @@ bool DemoFolder::write(const std::vector<DemoRecording>& night, Existing existin
         if (existing == Existing::Keep && QFileInfo(filePath).size() >= recording.size()) {
             continue;
         }
-        if (!writeFile(recording, filePath)) {
+        if (!writeRecording(recording, filePath)) {
             return false;
         }
         ++m_writtenFiles;
     }
-    return true;
+    return writeResults(night, existing);
 }
 
-bool DemoFolder::writeFile(const DemoRecording& recording, const QString& filePath)
+bool DemoFolder::writeResults(const std::vector<DemoRecording>& night, Existing existing)
+{
+    QByteArray lines;
+    for (const DemoRecording& recording : night) {
+        lines += recording.resultLine();
+    }
+    const QString filePath = QDir(m_path).filePath(QStringLiteral("calls_ch1_files.txt"));
+    const bool isKept = existing == Existing::Keep && QFileInfo::exists(filePath);
+    return lines.isEmpty() || isKept || writeBytes(lines, filePath);
+}
+
+bool DemoFolder::writeBytes(const QByteArray& bytes, const QString& filePath)
 {
     QSaveFile saved(filePath);
     if (saved.open(QIODevice::WriteOnly)) {
-        saved.write(recording.bytes()); // commit() knows of a failure
+        saved.write(bytes); // commit() knows of a failure
     }
-    if (!saved.commit()) {
-        m_errorText = QStringLiteral("Cannot write '%1': %2").arg(filePath, saved.errorString());
+    if (saved.commit()) {
+        return true;
+    }
+    m_errorText = QStringLiteral("Cannot write '%1': %2").arg(filePath, saved.errorString());
+    return false;
+}
+
+bool DemoFolder::writeRecording(const DemoRecording& recording, const QString& filePath)
+{
+    if (!writeBytes(recording.bytes(), filePath)) {
         return false;
     }
     QFile file(filePath);

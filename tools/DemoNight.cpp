@@ -2,6 +2,8 @@
 
 #include "tools/Soundscape.h"
 
+#include <algorithm>
+
 namespace {
 
 using Container = DemoRecording::Container;
@@ -19,6 +21,9 @@ struct Line
     Container container;
     const char* record;
     void (*scene)(Soundscape&);
+    /// What the recorder made of it: the number of calls, the kind of event, then each group and each species
+    /// with a quality in percent. "-" is an empty field; nothing at all: a recording that it left out.
+    const char* analysis;
 };
 
 /// A bat that passes at `passTime` s, `closest` m away at `speed` m/s.
@@ -245,49 +250,61 @@ void silence(Soundscape&)
 
 /// The class names are those of the default class trees.
 constexpr Line lines[] = {
-    {"21:41:17", 1.5, 384, wav, "", pip45Hunt},
-    {"21:45:03", 3.5, 384, wav, "Nyc|old comment", noctulesTwo},
-    {"21:48:26", 1.5, 250, wav, "", noctuleHigh},
-    {"21:52:40", 2.0, 500, wav, "Pip|Pip|1|", pip45Near},
-    {"21:55:31", 2.5, 384, wav, "Nnoc|Nyc|0|", noctuleHigh},
-    {"21:58:09", 5.0, 500, wav, "", busyHedge},
-    {"22:01:44", 2.0, 384, wav, "Pip + Ppyg|Pip|0|two calls", pip45And55},
-    {"22:06:12", 1.0, 250, wav, "|No Call|0|", silence},
-    {"22:10:55", 2.0, 384, wav, "", serotineNear},
-    {"22:14:20", 1.5, 500, raw, "", pip45Near},
-    {"22:19:02", 1.5, 384, wav, "", leisler},
-    {"22:23:37", 1.5, 384, wav, "Ppyg|PipPyg|0|", pip55Near},
-    {"22:30:11", 1.2, 500, wav, "", myotisClearing},
-    {"22:36:48", 2.0, 384, wav, "Pip|Pip|0|social calls", pipSocial},
-    {"22:41:05", 1.5, 250, wav, "", crickets},
-    {"22:47:29", 2.5, 384, wav, "", serotineHunt},
-    {"22:55:16", 1.8, 500, wav, "", horseshoe82},
-    {"23:03:54", 2.0, 384, wav, "", pip39Near},
-    {"23:10:30", 1.0, 384, wav, "", longEared},
-    {"23:18:22", 2.0, 500, raw, "", myotisWater},
-    {"23:26:07", 1.5, 384, wav, "", cricketsAndPip},
-    {"23:33:41", 1.2, 500, wav, "", horseshoe110},
-    {"23:42:18", 1.2, 384, wav, "", barbastelle},
-    {"23:51:09", 1.5, 384, plain, "", pip45Faint},
-    {"23:58:46", 1.8, 384, wav, "", serotineAndPip},
-    {"00:07:33", 1.5, 384, wav, "", pip55Hunt},
-    {"00:19:12", 1.5, 250, wav, "", wind},
-    {"00:31:50", 2.0, 384, wav, "Enil|Enil|1|", northernBat},
-    {"00:44:05", 1.5, 384, wav, "", drizzle},
-    {"00:52:27", 2.0, 384, wav, "|No Call|0|", rain},
-    {"01:06:38", 2.0, 384, wav, "", rainAndNoctule},
-    {"01:25:14", 0.5, 500, wav, "", silence},
-    {"01:48:51", 1.8, 384, wav, "", pip39Faint},
-    {"02:10:03", 1.5, 384, wav, "", noctuleSinging},
-    {"02:33:29", 1.0, 500, raw, "", horseshoe110},
-    {"02:57:46", 1.0, 384, wav, "", myotisClearing},
-    {"03:14:20", 1.5, 384, wav, "", pip45Hunt},
-    {"03:36:58", 2.0, 250, wav, "", serotineNear},
-    {"03:55:37", 1.0, 384, wav, "", longEared},
-    {"04:12:09", 2.5, 500, wav, "", swarmingAtRoost},
-    {"04:27:42", 2.0, 384, wav, "Pip|Pip|0|at the roost", pipSocial},
-    {"04:49:15", 2.5, 384, wav, "", noctuleHigh},
+    {"21:41:17", 1.5, 384, wav, "", pip45Hunt, "31 bat Pipistrelloid 99 - - Ppip 94 PpPp 3"},
+    {"21:45:03", 3.5, 384, wav, "Nyc|old comment", noctulesTwo, "9 bat Nyctaloid 97 - - Nnoc 90 Nlow 12"},
+    {"21:48:26", 1.5, 250, wav, "", noctuleHigh, "4 bat Nyctaloid 88 - - Nnoc 71 Nycmi 20"},
+    {"21:52:40", 2.0, 500, wav, "Pip|Pip|1|", pip45Near, "22 bat Pipistrelloid 98 - - Ppip 92"},
+    {"21:55:31", 2.5, 384, wav, "Nnoc|Nyc|0|", noctuleHigh, "6 bat Nyctaloid 91 - - Nnoc 84"},
+    {"21:58:09", 5.0, 500, wav, "", busyHedge,
+     "58 bat Pipistrelloid 97 Nyctaloid 83 Ppip 90 Ppyg 76 Nnoc 68"},
+    {"22:01:44", 2.0, 384, wav, "Pip + Ppyg|Pip|0|two calls", pip45And55,
+     "27 bat Pipistrelloid 98 - - Ppip 85 Ppyg 81"},
+    {"22:06:12", 1.0, 250, wav, "|No Call|0|", silence, "0 test - - - -"},
+    {"22:10:55", 2.0, 384, wav, "", serotineNear, "8 bat Nyctaloid 94 - - Nycmi 77 Enil 15"},
+    {"22:14:20", 1.5, 500, raw, "", pip45Near, ""},
+    {"22:19:02", 1.5, 384, wav, "", leisler, "5 bat Nyctaloid 86 - - Nlow 69 Nycmi 33"},
+    {"22:23:37", 1.5, 384, wav, "Ppyg|PipPyg|0|", pip55Near, "16 bat Pipistrelloid 99 - - Ppyg 95"},
+    {"22:30:11", 1.2, 500, wav, "", myotisClearing, "14 bat Myotis 74 - -"},
+    {"22:36:48", 2.0, 384, wav, "Pip|Pip|0|social calls", pipSocial,
+     "19 bat Pipistrelloid 93 Social 61 Ppip 88"},
+    {"22:41:05", 1.5, 250, wav, "", crickets, "0 noise - - - -"},
+    {"22:47:29", 2.5, 384, wav, "", serotineHunt, "21 bat Nyctaloid 95 - - Nycmi 80"},
+    {"22:55:16", 1.8, 500, wav, "", horseshoe82, ""},
+    {"23:03:54", 2.0, 384, wav, "", pip39Near, "11 bat Pipistrelloid 96 - - Pnat 82 PpPn 17"},
+    {"23:10:30", 1.0, 384, wav, "", longEared, "3 bat - - - -"},
+    {"23:18:22", 2.0, 500, raw, "", myotisWater, ""},
+    {"23:26:07", 1.5, 384, wav, "", cricketsAndPip, "9 bat Pipistrelloid 81 - - Ppip 74"},
+    {"23:33:41", 1.2, 500, wav, "", horseshoe110, ""},
+    {"23:42:18", 1.2, 384, wav, "", barbastelle, "4 bat Nyctaloid 41 - -"},
+    {"23:51:09", 1.5, 384, plain, "", pip45Faint, "3 bat Pipistrelloid 67 - - Pip 67 PpPp 52"},
+    {"23:58:46", 1.8, 384, wav, "", serotineAndPip, "20 bat Nyctaloid 92 Pipistrelloid 79 Nycmi 81 Ppip 70"},
+    {"00:07:33", 1.5, 384, wav, "", pip55Hunt, "29 bat Pipistrelloid 99 - - Ppyg 97"},
+    {"00:19:12", 1.5, 250, wav, "", wind, "0 noise - - - -"},
+    {"00:31:50", 2.0, 384, wav, "Enil|Enil|1|", northernBat, "7 bat Nyctaloid 90 - - Enil 79 Nycmi 14"},
+    {"00:44:05", 1.5, 384, wav, "", drizzle, "2 noise - - - -"},
+    {"00:52:27", 2.0, 384, wav, "|No Call|0|", rain, "11 noise - - - -"},
+    {"01:06:38", 2.0, 384, wav, "", rainAndNoctule, "4 bat Nyctaloid 58 - - Nyc 58"},
+    {"01:25:14", 0.5, 500, wav, "", silence, "0 test - - - -"},
+    {"01:48:51", 1.8, 384, wav, "", pip39Faint, "5 bat Pipistrelloid 84 - - PpPn 63 Pnat 55"},
+    {"02:10:03", 1.5, 384, wav, "", noctuleSinging, "6 bat Nyctaloid 52 - - Nyc 52"},
+    {"02:33:29", 1.0, 500, raw, "", horseshoe110, ""},
+    {"02:57:46", 1.0, 384, wav, "", myotisClearing, "13 bat Myotis 70 - -"},
+    {"03:14:20", 1.5, 384, wav, "", pip45Hunt, "26 bat Pipistrelloid 98 - - Ppip 93"},
+    {"03:36:58", 2.0, 250, wav, "", serotineNear, "8 bat Nyctaloid 90 - - Nycmi 72"},
+    {"03:55:37", 1.0, 384, wav, "", longEared, ""},
+    {"04:12:09", 2.5, 500, wav, "", swarmingAtRoost, "74 bat Pipistrelloid 99 Social 77 Ppip 96 PpPp 31"},
+    {"04:27:42", 2.0, 384, wav, "Pip|Pip|0|at the roost", pipSocial, "17 bat Pipistrelloid 95 - - Ppip 89"},
+    {"04:49:15", 2.5, 384, wav, "", noctuleHigh, "5 bat Nyctaloid 89 - - Nnoc 77"},
 };
+
+QList<QByteArray> fieldsOf(const QByteArray& analysis)
+{
+    if (analysis.isEmpty())
+        return {};
+    QList<QByteArray> fields = analysis.split(' ');
+    std::replace(fields.begin(), fields.end(), QByteArray("-"), QByteArray());
+    return fields;
+}
 
 } // namespace
 
@@ -300,7 +317,7 @@ std::vector<DemoRecording> demoNight()
         const QTime clock = QTime::fromString(QLatin1String(line.clock), QStringLiteral("HH:mm:ss"));
         const QDate day = clock.hour() < 12 ? evening.addDays(1) : evening;
         night.push_back({QDateTime(day, clock), line.kiloHertz * 1000, line.length, line.container,
-                         QByteArray(line.record), line.scene, seed++});
+                         QByteArray(line.record), line.scene, seed++, fieldsOf(line.analysis)});
     }
     return night;
 }

@@ -35,6 +35,14 @@ QString DemoRecording::fileName() const
     return formatted(start, "yyyyMMdd_HHmmss") + QLatin1String(container == Container::Raw ? ".raw" : ".wav");
 }
 
+QByteArray DemoRecording::resultLine() const
+{
+    if (analysis.isEmpty())
+        return {};
+    const QList<QByteArray> begin{fileName().toUtf8(), formatted(start, "yyyy-MM-dd HH:mm:ss").toUtf8()};
+    return (begin + analysis).join('\t') + "\r\n";
+}
+
 std::vector<std::int16_t> DemoRecording::samples() const
 {
     Soundscape soundscape(sampleRate, length, seed);

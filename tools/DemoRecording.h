@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QList>
 #include <QString>
 
 #include <cstdint>
@@ -26,9 +27,14 @@ struct DemoRecording
     QByteArray classRecord; ///< empty: not classified yet
     void (*scene)(Soundscape&);
     std::uint32_t seed;
+    /// Of the recorder's own analysis, those behind date and time; none for a recording that it left out.
+    QList<QByteArray> analysis;
 
     /// "yyyyMMdd_hhmmss" of the start, with ".wav" or ".raw".
     QString fileName() const;
+
+    /// The line of the recorder's result file, with its end; empty for a recording that it left out.
+    QByteArray resultLine() const;
 
     /// The samples of the scene over the microphone's noise. Takes up to a few hundred ms.
     std::vector<std::int16_t> samples() const;

@@ -11,7 +11,8 @@ namespace {
 void addArguments(QCommandLineParser& parser, const QCommandLineOption& ifMissing)
 {
     parser.setApplicationDescription(QStringLiteral(
-        "Writes the recordings of a made-up bat night into a folder. Other files in it stay."));
+        "Writes the recordings of a made-up bat night into a folder, with what the recorder's own analysis "
+        "found in them. Other files in it stay."));
     parser.addHelpOption();
     parser.addOption(ifMissing);
     parser.addPositionalArgument(QStringLiteral("OUTPUT_FOLDER"),
@@ -24,7 +25,7 @@ int main(int argc, char* argv[])
 {
     const QCoreApplication application(argc, argv);
     const QCommandLineOption ifMissing(QStringLiteral("if-missing"),
-                                       QStringLiteral("Leave recordings alone that are there already."));
+                                       QStringLiteral("Leave files alone that are there already."));
     QCommandLineParser parser;
     addArguments(parser, ifMissing);
     parser.process(application);
