@@ -9,48 +9,43 @@ class tst_SettingsStore : public QObject
 
 private slots:
     void init() { m_temporary.clear(); }
-    void freshStoreGivesDefaults();
-    void keysWithTwoDefaultsShareOneValue();
-    void unconvertibleTextReadsAsZero();
-    void twoStoresSeeEachOther();
+    void freshStoreGivesDefaults()
+    {
+        const SettingsStore store;
+        QCOMPARE(store.value(SettingKeys::valueMarker1), 16.0);
+        QCOMPARE(store.value(SettingKeys::showAmplitude), true);
+        QCOMPARE(store.value(SettingKeys::volume), 99);
+        QCOMPARE(store.value(SettingKeys::filePath), QStringLiteral("C:/"));
+        QCOMPARE(store.geometry(QRect(1, 2, 3, 4)), QRect(1, 2, 3, 4));
+        QVERIFY(!store.contains(SettingKeys::geometry));
+    }
+
+    void keysWithTwoDefaultsShareOneValue()
+    {
+        SettingsStore store;
+        QCOMPARE(store.value(SettingKeys::upperScaleLimitOfResult), -30.0);
+        QCOMPARE(store.value(SettingKeys::upperScaleLimitOfChange), -33.0);
+        store.setValue(SettingKeys::upperScaleLimitOfResult, -12.5);
+        QCOMPARE(store.value(SettingKeys::upperScaleLimitOfChange), -12.5);
+    }
+
+    void unconvertibleTextReadsAsZero()
+    {
+        QSettings().setValue(QStringLiteral("valueMarker1"), QStringLiteral("loud"));
+        QCOMPARE(SettingsStore().value(SettingKeys::valueMarker1), 0.0);
+    }
+
+    void twoStoresSeeEachOther()
+    {
+        SettingsStore first;
+        const SettingsStore second;
+        first.setValue(SettingKeys::colormap, 2);
+        QCOMPARE(second.value(SettingKeys::colormap), 2);
+    }
 
 private:
     TemporarySettings m_temporary;
 };
-
-void tst_SettingsStore::freshStoreGivesDefaults()
-{
-    const SettingsStore store;
-    QCOMPARE(store.value(SettingKeys::valueMarker1), 16.0);
-    QCOMPARE(store.value(SettingKeys::showAmplitude), true);
-    QCOMPARE(store.value(SettingKeys::volume), 99);
-    QCOMPARE(store.value(SettingKeys::filePath), QStringLiteral("C:/"));
-    QCOMPARE(store.geometry(QRect(1, 2, 3, 4)), QRect(1, 2, 3, 4));
-    QVERIFY(!store.contains(SettingKeys::geometry));
-}
-
-void tst_SettingsStore::keysWithTwoDefaultsShareOneValue()
-{
-    SettingsStore store;
-    QCOMPARE(store.value(SettingKeys::upperScaleLimitOfResult), -30.0);
-    QCOMPARE(store.value(SettingKeys::upperScaleLimitOfChange), -33.0);
-    store.setValue(SettingKeys::upperScaleLimitOfResult, -12.5);
-    QCOMPARE(store.value(SettingKeys::upperScaleLimitOfChange), -12.5);
-}
-
-void tst_SettingsStore::unconvertibleTextReadsAsZero()
-{
-    QSettings().setValue(QStringLiteral("valueMarker1"), QStringLiteral("loud"));
-    QCOMPARE(SettingsStore().value(SettingKeys::valueMarker1), 0.0);
-}
-
-void tst_SettingsStore::twoStoresSeeEachOther()
-{
-    SettingsStore first;
-    const SettingsStore second;
-    first.setValue(SettingKeys::colormap, 2);
-    QCOMPARE(second.value(SettingKeys::colormap), 2);
-}
 
 QTEST_GUILESS_MAIN(tst_SettingsStore)
 #include "tst_SettingsStore.moc"
