@@ -64,14 +64,14 @@ class tst_CallDetector : public QObject
 {
     Q_OBJECT
 
-    using ClearsLowBinsRow = Table<int, int, int, int>; // bins, sampleRate, firstBin, endBin
+    using BinsRow = Table<int, int, int, int>; // bins, sampleRate, firstBin, endBin
     // What is measured; centroid, max, min, start, end; switches, zeros, upward, downward jumps.
-    using MeasuresByHandRow = Table<Runs, QVector<double>, QVector<int>>;
-    using SmallRegionsRow = Table<float, int, bool>;            // overlap, cells, whether they are kept
-    using ClassifiesTonesRow = Table<int, int, QString, bool>;  // bin, frames, text, drawn
-    using EqualsPlainVersionRow = Table<InstructionSet, float>; // set, overlap
+    using MeasureRow = Table<Runs, QVector<double>, QVector<int>>;
+    using SmallRegionsRow = Table<float, int, bool>; // overlap, cells, whether they are kept
+    using ToneRow = Table<int, int, QString, bool>;  // bin, frames, text, drawn
+    using PlainRow = Table<InstructionSet, float>;   // set, overlap
     // Content, overlap, sample rate; frames, bins.
-    using SurvivesOddImagesRow = Table<QString, float, int, int, int>;
+    using OddImageRow = Table<QString, float, int, int, int>;
 
 private slots:
     void cleanup() { useInstructionSet(bestInstructionSet()); }
@@ -100,7 +100,7 @@ private slots:
 
     void clearsLowBins_data()
     {
-        ClearsLowBinsRow row;
+        BinsRow row;
         row("500 kHz", 255, 500000, 8, 252);
         row("384 kHz", 511, 384000, 21, 508);
         row("15 kHz, integer 7 kHz", 255, 15000, 255, 255);
@@ -112,7 +112,7 @@ private slots:
     }
     void clearsLowBins()
     {
-        const auto& [bins, sampleRate, firstBin, endBin] = ClearsLowBinsRow::row();
+        const auto& [bins, sampleRate, firstBin, endBin] = BinsRow::row();
         const ImageConditioning conditioning(bins, sampleRate);
         QCOMPARE(conditioning.firstBin(), firstBin);
         QCOMPARE(conditioning.endBin(), endBin);
@@ -120,7 +120,7 @@ private slots:
 
     void measuresByHand_data()
     {
-        MeasuresByHandRow row;
+        MeasureRow row;
         // Spectrum 1 1 1 around bin 10: up 10, 11; down 10, 9 and the gap 8.
         row("constant tone", {{1, 9, 11}, {2, 9, 11}, {3, 9, 11}}, {10, 12, 7, 10, 10}, {0, 0, 0, 0});
         row("one frame has no jump", {{1, 9, 11}}, {10, 12, 7, 10, 10}, {-1, 0, 0, 0});
@@ -140,7 +140,7 @@ private slots:
     }
     void measuresByHand()
     {
-        const auto& [runs, frequencies, counts] = MeasuresByHandRow::row();
+        const auto& [runs, frequencies, counts] = MeasureRow::row();
         const CallFeatures found = measureFeatures(weighted(6, 20, runs), runs);
         QVERIFY(found.measured);
         QCOMPARE(
@@ -207,7 +207,7 @@ private slots:
 
     void classifiesTones_data()
     {
-        ClassifiesTonesRow row;
+        ToneRow row;
         // At 500 kHz and 87.5 % a frame lasts 0.128 ms and a bin is 250 / 255 kHz wide.
         row("5 ms at 45 kHz", 46, 39, "PipPip", true);
         row("10 ms at 20 kHz", 20, 78, "NycNoc", true);
@@ -218,7 +218,7 @@ private slots:
     }
     void classifiesTones()
     {
-        const auto& [bin, frames, text, drawn] = ClassifiesTonesRow::row();
+        const auto& [bin, frames, text, drawn] = ToneRow::row();
         AmplitudeImage image = silence(500, 255);
         addTone(image, 10, frames, bin);
         const DetectionResult result = detect(image, 87.5F, 500000, 50000);
@@ -250,7 +250,7 @@ private slots:
 
     void equalsPlainVersion_data()
     {
-        EqualsPlainVersionRow row;
+        PlainRow row;
         for (const float overlap : {0.0F, 50.0F, 87.5F, 98.4375F}) {
             for (const auto set : {InstructionSet::Portable, InstructionSet::Sse2, InstructionSet::Avx2})
                 row(QString::asprintf("set %d, %g %%", int(set), double(overlap)), set, overlap);
@@ -258,7 +258,7 @@ private slots:
     }
     void equalsPlainVersion()
     {
-        const auto& [set, overlap] = EqualsPlainVersionRow::row();
+        const auto& [set, overlap] = PlainRow::row();
         useInstructionSet(set);
         const int sizes[][3] = {
             // frames, bins, sample rate
@@ -286,7 +286,7 @@ private slots:
 
     void survivesOddImages_data()
     {
-        SurvivesOddImagesRow row;
+        OddImageRow row;
         for (const char* content : {"silence", "constant", "lines", "infinite"}) {
             for (const int rate : {0, 1, 15000, 18000, 250000, 1500000}) {
                 for (const float overlap : {0.0F, 98.4375F, 100.0F})
@@ -302,7 +302,7 @@ private slots:
     }
     void survivesOddImages()
     {
-        const auto& [content, overlap, sampleRate, frames, bins] = SurvivesOddImagesRow::row();
+        const auto& [content, overlap, sampleRate, frames, bins] = OddImageRow::row();
         AmplitudeImage image = silence(frames, bins);
         for (std::size_t cell = 0; cell < image.cells(); ++cell) {
             const auto bin = static_cast<int>(cell % static_cast<std::size_t>(bins));

@@ -45,7 +45,7 @@ class tst_RegionLabelling : public QObject
     Q_OBJECT
 
     using JoinsRow = Table<QStringList, QVector<float>>; // image, scores
-    using EqualsFloodFillRow = Table<int, int>;          // frames, bins
+    using SizeRow = Table<int, int>;                     // frames, bins
 
 private slots:
     void joinsAcrossCornersAndDetours_data()
@@ -71,7 +71,7 @@ private slots:
 
     void equalsFloodFill_data()
     {
-        EqualsFloodFillRow row;
+        SizeRow row;
         for (const int frames : {0, 1, 2, 40}) {
             for (const int bins : {1, 2, 63, 64, 65, 128, 200})
                 row(QString::asprintf("%d x %d", frames, bins), frames, bins);
@@ -79,7 +79,7 @@ private slots:
     }
     void equalsFloodFill()
     {
-        const auto& [frames, bins] = EqualsFloodFillRow::row();
+        const auto& [frames, bins] = SizeRow::row();
         std::mt19937 random(static_cast<unsigned>(frames * 1000 + bins));
         std::uniform_real_distribution<float> uniform(0.0F, 1.0F);
         for (const float density : {0.05F, 0.3F, 0.45F, 0.7F, 0.97F, 1.0F}) {

@@ -275,9 +275,8 @@ void PlainDetector::detect(AmplitudeImage& image, float overlap, int sampleRate,
         const double lowest = f.minFreq * kiloHertzPerBin;
         const QStringList proposal = classify(duration, start, end);
         MyBatCall call;
-        if (isNoise(proposal, f, lowest < 8.0)) {
-            call.classText = QStringLiteral("Noise");
-        } else {
+        call.classText = QStringLiteral("Noise");
+        if (!isNoise(proposal, f, lowest < 8.0)) {
             const double left = blob.firstFrame * ((100 - o) / 100) * windowSize / sampleRate;
             const double right = (blob.lastFrame + 1) * ((100 - o) / 100) * windowSize / sampleRate;
             const double bottom = blob.lowestBin * kiloHertzPerBin;

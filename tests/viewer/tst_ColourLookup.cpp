@@ -51,12 +51,12 @@ class tst_ColourLookup : public QObject
 {
     Q_OBJECT
 
-    using EqualsTheMapRow = Table<MapPointer, double, double>; // map, lower, upper
+    using MapRow = Table<MapPointer, double, double>; // map, lower, upper
 
 private slots:
     void equalsTheMap_data()
     {
-        EqualsTheMapRow row;
+        MapRow row;
         row("black to green", scheme(0), -100.0, -30.0);
         row("white to black", scheme(1), -87.2, -12.5);
         row("rainbow around zero", scheme(2), -0.7, 1e-3);
@@ -66,7 +66,7 @@ private slots:
     }
     void equalsTheMap()
     {
-        const auto& [map, lower, upper] = EqualsTheMapRow::row();
+        const auto& [map, lower, upper] = MapRow::row();
         const QwtInterval interval(lower, upper);
         const ColourLookup lookup(*map, interval);
         QVERIFY(lookup.isValid());

@@ -11,12 +11,12 @@ class tst_DetectionOverlay : public QObject
 {
     Q_OBJECT
 
-    using MarksWhatIsNoNoiseRow = Table<QStringList, QStringList, QString>; // classes, marked, shown
+    using MarksRow = Table<QStringList, QStringList, QString>; // classes, marked, shown
 
 private slots:
     void marksWhatIsNoNoise_data()
     {
-        MarksWhatIsNoNoiseRow row;
+        MarksRow row;
         row("nothing found", QStringList(), QStringList(), "");
         row("calls and noise", QStringList{"PipPip", "Noise", "NycNoc"}, QStringList{"PipPip", "NycNoc"},
             " NycNoc, PipPip ");
@@ -25,7 +25,7 @@ private slots:
     }
     void marksWhatIsNoNoise()
     {
-        const auto& [classes, marked, shown] = MarksWhatIsNoNoiseRow::row();
+        const auto& [classes, marked, shown] = MarksRow::row();
         SpectrogramView plot;
         DetectionOverlay overlay(plot);
         QList<MyBatCall> calls;

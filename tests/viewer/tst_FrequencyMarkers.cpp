@@ -10,8 +10,12 @@ class tst_FrequencyMarkers : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QLocale::setDefault(QLocale::c()); }
-    void init() { m_settings.clear(); }
+    void init()
+    {
+        QLocale::setDefault(QLocale::c());
+        m_settings.clear();
+    }
+
     void cleanup() { m_scene.reset(); }
 
     void startsAsStored()
@@ -32,6 +36,7 @@ private slots:
 
     void movesInHalfKilohertz()
     {
+        QLocale::setDefault(QLocale(QLocale::German)); // which the label follows
         makeScene().spectrogram->setFrequencyLimits({10.0, 90.2});
         // Where the pointer is and the marker goes; a quarter goes up, and none leaves the axis.
         const std::pair<double, double> moves[] = {
@@ -39,18 +44,10 @@ private slots:
         for (const auto& [pointer, kilohertz] : moves) {
             m_scene->markers.moveMarker1({0.5, pointer});
             QCOMPARE(lines()[0]->yValue(), kilohertz);
-            QCOMPARE(lines()[0]->label().text(), QString::asprintf("%.1f kHz", kilohertz));
+            QCOMPARE(lines()[0]->label().text(), QString::asprintf("%.1f kHz", kilohertz).replace('.', ','));
             QCOMPARE(m_scene->settings.value(SettingKeys::valueMarker1), kilohertz);
             QCOMPARE(m_scene->settings.value(SettingKeys::valueMarker2), 33.0);
         }
-    }
-
-    void labelFollowsTheLocale()
-    {
-        QLocale::setDefault(QLocale(QLocale::German));
-        makeScene().markers.moveMarker1({0.0, 20.5});
-        QLocale::setDefault(QLocale::c());
-        QCOMPARE(lines()[0]->label().text(), QStringLiteral("20,5 kHz"));
     }
 
     void comesDownToTheAxis()

@@ -62,7 +62,7 @@ struct Player
     }
 };
 
-/// One that the clock of the test never waits for: 200 s; the one above ends at once in a fake sink.
+/// One whose end no test waits for.
 std::vector<int> longSound(int first = 0)
 {
     std::vector<int> samples(std::size_t(200) * sampleRate, 1000);
@@ -70,6 +70,7 @@ std::vector<int> longSound(int first = 0)
     return samples;
 }
 
+/// One that a fake sink has played at once.
 std::vector<int> shortSound()
 {
     return std::vector<int>(sampleRate / 4, 1000);

@@ -13,8 +13,8 @@ class tst_RecordingLoader : public QObject
 {
     Q_OBJECT
 
-    using MatrixLimitRow =
-        Table<bool, int, int, double, int>; // automatic, storedOverlap, samples, overlap, storedAfterwards
+    // Whether it is automatic, stored overlap, samples; overlap, stored overlap afterwards.
+    using MatrixLimitRow = Table<bool, int, int, double, int>;
 
 private slots:
     void matrixLimit_data()

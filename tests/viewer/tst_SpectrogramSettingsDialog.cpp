@@ -16,9 +16,8 @@ class tst_SpectrogramSettingsDialog : public QObject
 {
     Q_OBJECT
 
-    using ListsRow = Table<QString>; // texts
-    using ChangeRow =
-        Table<QString, QString>; // keys everything that a fresh store holds after the change, signalNames
+    using ListsRow = Table<QString>;           // texts
+    using ChangeRow = Table<QString, QString>; // all that a fresh store holds after the change; signals
 
 private slots:
     void init()

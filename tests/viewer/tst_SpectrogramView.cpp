@@ -50,15 +50,14 @@ class tst_SpectrogramView : public QObject
 {
     Q_OBJECT
 
-    using ColoursFollowTheLevelRow = Table<int, double, QColor>; // scheme, position, colour
-    using EmptyResultsRow = Table<int, double, int>;             // columns, duration, nyquist
-    using SchemeReachesEverythingRow =
-        Table<int, QColor, QColor, QColor>; // scheme, canvas, contrast, loudest
+    using LevelRow = Table<int, double, QColor>;          // scheme, position, colour
+    using EmptyRow = Table<int, double, int>;             // columns, duration, nyquist
+    using SchemeRow = Table<int, QColor, QColor, QColor>; // scheme; canvas, contrast, loudest
 
 private slots:
     void coloursFollowTheLevel_data()
     {
-        ColoursFollowTheLevelRow row;
+        LevelRow row;
         row("quietest is black", 0, 0.0, QColor(0, 0, 0));
         row("half way to green", 0, 0.5, QColor(61, 92, 0));
         row("loudest is green", 0, 1.0, QColor(122, 184, 0));
@@ -72,7 +71,7 @@ private slots:
     }
     void coloursFollowTheLevel()
     {
-        const auto& [scheme, position, colour] = ColoursFollowTheLevelRow::row();
+        const auto& [scheme, position, colour] = LevelRow::row();
         SpectrogramView view;
         view.resize(600, 300);
         view.applyColourScheme(scheme);
@@ -107,14 +106,14 @@ private slots:
 
     void emptyResults_data()
     {
-        EmptyResultsRow row;
+        EmptyRow row;
         row("shorter than one window", 0, 0.001, 250);
         row("no samples", 0, 0.0, 250);
         row("sample rate below 2 kHz", 30, 2.0, 0);
     }
     void emptyResults()
     {
-        const auto& [columns, duration, nyquist] = EmptyResultsRow::row();
+        const auto& [columns, duration, nyquist] = EmptyRow::row();
         SpectrogramView view;
         view.resize(600, 300);
         view.applyColourScheme(1);
@@ -149,14 +148,14 @@ private slots:
 
     void schemeReachesEverything_data()
     {
-        SchemeReachesEverythingRow row;
+        SchemeRow row;
         row("black to green", 0, QColor(Qt::black), QColor(Qt::white), QColor(122, 184, 0));
         row("white to black", 1, QColor(Qt::white), QColor(Qt::black), QColor(Qt::black));
         row("rainbow", 2, QColor(Qt::black), QColor(Qt::white), QColor(189, 0, 0));
     }
     void schemeReachesEverything()
     {
-        const auto& [scheme, canvas, contrast, loudest] = SchemeReachesEverythingRow::row();
+        const auto& [scheme, canvas, contrast, loudest] = SchemeRow::row();
         SpectrogramView view;
         view.setAmplitudeLimits(amplitude);
         addMarker(view, QStringLiteral("Blob"));
