@@ -30,30 +30,17 @@ class tst_WindowShapes : public QObject
     Q_OBJECT
 
 private slots:
-    void cosineSums_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<double>("peak");
-        QTest::newRow("Hann") << "Hann" << 1.0;
-        QTest::newRow("Hamming") << "Hamming" << 1.0;
-        QTest::newRow("Blackman") << "Blackman" << 1.0;
-        QTest::newRow("Flattop, not normalised") << "Flattop" << 4.636;
-        QTest::newRow("Blackman-Harris") << "BlackmanHarris" << 1.0;
-    }
     void cosineSums()
     {
-        QFETCH(QString, name);
-        QFETCH(double, peak);
-        for (const int length : {2, 3, 8, 100, 511, 512, 2048, 4096}) {
-            const std::vector<double> shape = windowShape(name, length);
-            QCOMPARE(static_cast<int>(shape.size()), length);
-            for (int n = 0; n < length; ++n)
-                QVERIFY2(std::abs(shape[n] - formula(name, n, length)) < 8e-15,
-                         qPrintable(QString::number(n)));
+        for (const char* name : {"Hann", "Hamming", "Blackman", "Flattop", "BlackmanHarris"}) {
+            for (const int length : {2, 3, 8, 100, 511, 512, 2048, 4096}) {
+                const std::vector<double> shape = windowShape(name, length);
+                QCOMPARE(static_cast<int>(shape.size()), length);
+                for (int n = 0; n < length; ++n)
+                    QVERIFY2(std::abs(shape[n] - formula(name, n, length)) < 8e-15, name);
+            }
         }
-        const std::vector<double> odd = windowShape(name, 255);
-        QCOMPARE(*std::max_element(odd.begin(), odd.end()), odd[127]);
-        QVERIFY(std::abs(odd[127] - peak) < 1e-9);
+        QVERIFY(std::abs(windowShape("Flattop", 255)[127] - 4.636) < 1e-9); // not normalised
     }
 
     void bartlettIsCentredOnAnInteger()
@@ -66,24 +53,15 @@ private slots:
         QCOMPARE(windowShape("Bartlett", 9).back(), 0.0);
     }
 
-    void onesWhereThereIsNoShape_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("length");
-        QTest::newRow("rectangular") << "Rectangular" << 64;
-        QTest::newRow("with a hyphen") << "Blackman-Harris" << 64;
-        QTest::newRow("other case") << "hann" << 64;
-        QTest::newRow("empty") << QString() << 64;
-        QTest::newRow("one sample") << "Hann" << 1;
-        QTest::newRow("Bartlett of two") << "Bartlett" << 2;
-        QTest::newRow("no sample") << "Hamming" << 0;
-        QTest::newRow("negative") << "Hamming" << -5;
-    }
     void onesWhereThereIsNoShape()
     {
-        QFETCH(QString, name);
-        QFETCH(int, length);
-        QCOMPARE(windowShape(name, length), std::vector<double>(std::max(length, 0), 1.0));
+        for (const char* name :
+             {"Rectangular", "Blackman-Harris", "hann", ""}) // one hyphen too many, other case
+            QCOMPARE(windowShape(name, 64), std::vector<double>(64, 1.0));
+        QCOMPARE(windowShape("Hann", 1), std::vector<double>(1, 1.0));
+        QCOMPARE(windowShape("Bartlett", 2), std::vector<double>(2, 1.0));
+        QVERIFY(windowShape("Hamming", 0).empty());
+        QVERIFY(windowShape("Hamming", -5).empty());
     }
 };
 

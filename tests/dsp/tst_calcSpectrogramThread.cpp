@@ -93,22 +93,6 @@ private slots:
         QCOMPARE(m_prompts.takeAsked(), QStringList());
     }
 
-    void membersHaveTheirSignatures_data()
-    {
-        QTest::addColumn<QByteArray>("signature");
-        const char* const finished = "finished(QVector<double>,int,double,double,std::unordered_map<int,Blob>"
-                                     ",QStringList,QList<MyBatCall>)";
-        for (const char* signature : {"process(int,int,int,float,QString,double,std::vector<int>*,int,bool)",
-                                      "processVantor(int,QString)", finished, "signalProgressBar(int)",
-                                      "vantorFinished(int,QStringList)", "error(QString)"})
-            QTest::newRow(signature) << QByteArray(signature);
-    }
-    void membersHaveTheirSignatures()
-    {
-        QFETCH(QByteArray, signature);
-        QVERIFY(m_worker->metaObject()->indexOfMethod(signature) >= 0);
-    }
-
     void computes()
     {
         std::vector<int> samples = nightWithCalls();
@@ -130,12 +114,9 @@ private slots:
     void detectsCallsWhenAsked()
     {
         std::vector<int> samples = nightWithCalls();
-        Parameters parameters;
-        parameters.overlap = 87.5;
-        request(samples, parameters);
+        request(samples, {1024, 87.5, false});
         const Answer plain = takeAnswer();
-        parameters.categorize = true;
-        request(samples, parameters);
+        request(samples, {1024, 87.5, true});
         const Answer answer = takeAnswer();
         QCOMPARE(answer.classes,
                  classesOf(samples, SpectrogramGeometry::of(rate / 2, 1024, 100, 87.5), "Hann"));
@@ -146,28 +127,23 @@ private slots:
         QCOMPARE(answer.data, plain.data);
     }
 
-    void answersToNothing_data()
-    {
-        QTest::addColumn<int>("length");
-        QTest::addColumn<bool>("categorize");
-        QTest::newRow("shorter than the window") << 1023 << false;
-        QTest::newRow("shorter than the window, with detection") << 1023 << true;
-        QTest::newRow("no samples") << 0 << true;
-    }
     void answersToNothing()
     {
-        QFETCH(int, length);
-        Parameters parameters;
-        QFETCH(bool, categorize);
-        parameters.categorize = categorize;
-        std::vector<int> samples(length, 7);
-        request(samples, parameters, 5000); // more than there are
-        const Answer answer = takeAnswer();
-        QCOMPARE(answer.numberOfFfts, 0);
-        QVERIFY(answer.data.isEmpty() && answer.classes.isEmpty());
-        QCOMPARE(answer.minValue, 0.0);
-        QCOMPARE(answer.maxValue, -5000.0);
-        QVERIFY(m_progress.isEmpty() && m_errors.isEmpty());
+        for (const int length : {1023, 0}) { // shorter than the window
+            for (const bool categorize : {false, true}) {
+                std::vector<int> samples(length, 7);
+                request(samples, {1024, 50, categorize}, 5000); // more than there are
+                const Answer answer = takeAnswer();
+                QCOMPARE(answer.numberOfFfts, 0);
+                QVERIFY(answer.data.isEmpty() && answer.classes.isEmpty());
+                QCOMPARE(answer.minValue, 0.0);
+                QCOMPARE(answer.maxValue, -5000.0);
+                QVERIFY(m_progress.isEmpty() && m_errors.isEmpty());
+            }
+        }
+        std::vector<int> samples(5000, 7);
+        request(samples, {}, 1023);
+        QCOMPARE(takeAnswer().numberOfFfts, 0);
     }
 
     void saysThatAMatrixIsTooLarge()

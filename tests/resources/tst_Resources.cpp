@@ -1,4 +1,6 @@
 // The compiled-in pictures: all there, crisp at the display's scale, visible on light and dark windows.
+#include "tests/support/Table.h"
+
 #include <QColor>
 #include <QGuiApplication>
 #include <QIcon>
@@ -59,80 +61,73 @@ class tst_Resources : public QObject
 {
     Q_OBJECT
 
+    using PictureRow = Table<QString, QSize>; // name, size
+
 private slots:
-    void initTestCase();
-    void picturesFitTheDisplay_data();
-    void picturesFitTheDisplay();
-    void picturesAreSeenOnLightAndDark_data() { picturesFitTheDisplay_data(); }
-    void picturesAreSeenOnLightAndDark();
-    void applicationIconHasAllSizes();
-};
-
-void tst_Resources::initTestCase()
-{
-    Q_INIT_RESOURCE(sonavia);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps); // without it icons come in 100 % only
-}
-
-void tst_Resources::picturesFitTheDisplay_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QSize>("size");
-    for (const char* name :
-         {"zoom", "select", "spectro_ohne", "amplitude", "black_arrow_down", "black_arrow_up",
-          "green_arrow_left", "orange_arrows", "red_arrow_right", "red_cross", "csv_export", "vantor_export",
-          "player_play", "player_pause", "player_stop", "player_volume", "player_muted"}) {
-        QTest::newRow(name) << QString::fromLatin1(name) << QSize(32, 32);
+    void initTestCase()
+    {
+        Q_INIT_RESOURCE(sonavia);
+        QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps); // without it icons come in 100 % only
     }
-    QTest::newRow("logo") << QStringLiteral("logo") << QSize(200, 56);
-}
 
-void tst_Resources::picturesFitTheDisplay()
-{
-    QFETCH(QString, name);
-    QFETCH(QSize, size);
-    const double scale = qApp->devicePixelRatio();
-    QCOMPARE(scale, qEnvironmentVariableIsSet("QT_SCALE_FACTOR") ? 2.0 : 1.0);
-
-    QCOMPARE(QPixmap(pathOf(name)).size(), size); // a pixmap from the path alone is always the small one
-    const QPixmap pixmap = QIcon(pathOf(name)).pixmap(size);
-    QCOMPARE(pixmap.devicePixelRatio(), scale);
-    QCOMPARE(pixmap.size(), size * scale);
-    const QImage drawn(pathOf(scale > 1.0 ? name + QStringLiteral("@2x") : name));
-    const auto format = QImage::Format_ARGB32_Premultiplied;
-    QVERIFY(pixmap.toImage().convertToFormat(format) == drawn.convertToFormat(format)); // not scaled
-    QCOMPARE(QImage(pathOf(name)).size(), size);
-    QCOMPARE(QImage(pathOf(name + QStringLiteral("@2x"))).size(), 2 * size);
-}
-
-void tst_Resources::picturesAreSeenOnLightAndDark()
-{
-    QFETCH(QString, name);
-    for (const QString& path : {pathOf(name), pathOf(name + QStringLiteral("@2x"))}) {
-        const QImage image(path);
-        QCOMPARE(image.pixelColor(0, 0).alpha(), 0); // no background of its own
-        const QColor colour = meanColour(image);
-        QVERIFY2(colour.isValid(), "nearly empty");
-        QVERIFY2(contrast(colour, QColor(0xf0, 0xf0, 0xf0)) > 2.4, qPrintable(colour.name()));
-        QVERIFY2(contrast(colour, QColor(0x2b, 0x2b, 0x2b)) > 2.4, qPrintable(colour.name()));
+    void picturesFitTheDisplay_data()
+    {
+        PictureRow row;
+        for (const char* name : {"zoom", "select", "spectro_ohne", "amplitude", "black_arrow_down",
+                                 "black_arrow_up", "green_arrow_left", "orange_arrows", "red_arrow_right",
+                                 "red_cross", "csv_export", "vantor_export", "player_play", "player_pause",
+                                 "player_stop", "player_volume", "player_muted"}) {
+            row(name, name, QSize(32, 32));
+        }
+        row("logo", "logo", QSize(200, 56));
     }
-}
-
-void tst_Resources::applicationIconHasAllSizes()
-{
-    const QIcon icon(QStringLiteral(":/images/Icon.ico"));
-    const QList<QSize> sizes = icon.availableSizes();
-    for (const int side : {16, 24, 32, 48, 64, 256}) {
-        QVERIFY2(sizes.contains(QSize(side, side)), qPrintable(QString::number(side)));
+    void picturesFitTheDisplay()
+    {
+        const auto& [name, size] = PictureRow::row();
         const double scale = qApp->devicePixelRatio();
-        const QImage image = icon.pixmap(qRound(side / scale), qRound(side / scale)).toImage();
-        QCOMPARE(image.size(), QSize(side, side));
-        QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
-        const QColor call = image.pixelColor(side * 88 / 256, side * 132 / 256); // on the curve
-        QVERIFY2(call.green() > 2 * call.blue() && call.green() > call.red(), qPrintable(call.name()));
+        QCOMPARE(scale, qEnvironmentVariableIsSet("QT_SCALE_FACTOR") ? 2.0 : 1.0);
+
+        QCOMPARE(QPixmap(pathOf(name)).size(), size); // a pixmap from the path alone is always the small one
+        const QPixmap pixmap = QIcon(pathOf(name)).pixmap(size);
+        QCOMPARE(pixmap.devicePixelRatio(), scale);
+        QCOMPARE(pixmap.size(), size * scale);
+        const QImage drawn(pathOf(scale > 1.0 ? name + QStringLiteral("@2x") : name));
+        const auto format = QImage::Format_ARGB32_Premultiplied;
+        QVERIFY(pixmap.toImage().convertToFormat(format) == drawn.convertToFormat(format)); // not scaled
+        QCOMPARE(QImage(pathOf(name)).size(), size);
+        QCOMPARE(QImage(pathOf(name + QStringLiteral("@2x"))).size(), 2 * size);
     }
-    QCOMPARE(QPixmap(pathOf(QStringLiteral("Icon"))).size(), QSize(256, 256));
-}
+
+    void picturesAreSeenOnLightAndDark_data() { picturesFitTheDisplay_data(); }
+    void picturesAreSeenOnLightAndDark()
+    {
+        const QString& name = std::get<0>(PictureRow::row());
+        for (const QString& path : {pathOf(name), pathOf(name + QStringLiteral("@2x"))}) {
+            const QImage image(path);
+            QCOMPARE(image.pixelColor(0, 0).alpha(), 0); // no background of its own
+            const QColor colour = meanColour(image);
+            QVERIFY2(colour.isValid(), "nearly empty");
+            QVERIFY2(contrast(colour, QColor(0xf0, 0xf0, 0xf0)) > 2.4, qPrintable(colour.name()));
+            QVERIFY2(contrast(colour, QColor(0x2b, 0x2b, 0x2b)) > 2.4, qPrintable(colour.name()));
+        }
+    }
+
+    void applicationIconHasAllSizes()
+    {
+        const QIcon icon(QStringLiteral(":/images/Icon.ico"));
+        const QList<QSize> sizes = icon.availableSizes();
+        for (const int side : {16, 24, 32, 48, 64, 256}) {
+            QVERIFY2(sizes.contains(QSize(side, side)), qPrintable(QString::number(side)));
+            const double scale = qApp->devicePixelRatio();
+            const QImage image = icon.pixmap(qRound(side / scale), qRound(side / scale)).toImage();
+            QCOMPARE(image.size(), QSize(side, side));
+            QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
+            const QColor call = image.pixelColor(side * 88 / 256, side * 132 / 256); // on the curve
+            QVERIFY2(call.green() > 2 * call.blue() && call.green() > call.red(), qPrintable(call.name()));
+        }
+        QCOMPARE(QPixmap(pathOf(QStringLiteral("Icon"))).size(), QSize(256, 256));
+    }
+};
 
 QTEST_MAIN(tst_Resources)
 #include "tst_Resources.moc"

@@ -5,12 +5,6 @@
 
 namespace {
 
-bool sameBlob(const Blob& a, const Blob& b)
-{
-    return a.pixelCount == b.pixelCount && a.firstFrame == b.firstFrame && a.lastFrame == b.lastFrame &&
-           a.lowestBin == b.lowestBin && a.highestBin == b.highestBin && a.score == b.score;
-}
-
 std::array<double, 14> numbers(const MyBatCall& call)
 {
     return {call.startFreq,
@@ -19,10 +13,10 @@ std::array<double, 14> numbers(const MyBatCall& call)
             call.minFreq,
             call.centroid,
             call.duration,
-            static_cast<double>(call.switchCount),
-            static_cast<double>(call.zeroCount),
-            static_cast<double>(call.posHist),
-            static_cast<double>(call.negHist),
+            double(call.switchCount),
+            double(call.zeroCount),
+            double(call.posHist),
+            double(call.negHist),
             call.rectangle.x(),
             call.rectangle.y(),
             call.rectangle.width(),
@@ -30,6 +24,12 @@ std::array<double, 14> numbers(const MyBatCall& call)
 }
 
 } // namespace
+
+bool sameBlob(const Blob& a, const Blob& b)
+{
+    return a.pixelCount == b.pixelCount && a.firstFrame == b.firstFrame && a.lastFrame == b.lastFrame &&
+           a.lowestBin == b.lowestBin && a.highestBin == b.highestBin && a.score == b.score;
+}
 
 QString difference(const DetectionResult& a, const DetectionResult& b)
 {

@@ -19,6 +19,8 @@ struct DetectionResult
     QList<MyBatCall> calls;
 };
 
+bool sameBlob(const Blob& a, const Blob& b);
+
 /// The first thing in which two results differ, in words; empty where they are equal to the bit.
 QString difference(const DetectionResult& a, const DetectionResult& b);
 

@@ -10,41 +10,34 @@
 
 namespace {
 
-void smoothFrequencies(AmplitudeImage& image)
+constexpr double negligible = static_cast<double>(FLT_EPSILON);
+
+void smoothFrequencies(float* row, int bins)
 {
-    for (int frame = 0; frame < image.frames(); ++frame) {
-        float* row = image.row(frame);
-        const std::vector<float> t(row, row + image.bins());
-        for (int bin = 1; bin <= image.bins() - 2; ++bin)
-            row[bin] = t[bin - 1] + 2 * t[bin] + t[bin + 1];
+    const std::vector<float> t(row, row + bins);
+    for (int bin = 1; bin <= bins - 2; ++bin)
+        row[bin] = t[bin - 1] + 2 * t[bin] + t[bin + 1];
+}
+
+void removeBackground(float* row, int bins)
+{
+    float mean = 0;
+    for (int bin = 0; bin < bins; ++bin) {
+        const float x = row[bin];
+        const float d = x - 1.5F * mean;
+        row[bin] = (std::abs(d) + d) / 2;
+        mean += (x - mean) / static_cast<float>(bin + 1);
     }
 }
 
-void removeBackground(AmplitudeImage& image)
+/// `peaks` are those of the frames before.
+void suppressEchoes(float* row, int bins, std::vector<float>& peaks)
 {
-    for (int frame = 0; frame < image.frames(); ++frame) {
-        float* row = image.row(frame);
-        float mean = 0;
-        for (int bin = 0; bin < image.bins(); ++bin) {
-            const float x = row[bin];
-            const float d = x - 1.5F * mean;
-            row[bin] = (std::abs(d) + d) / 2;
-            mean += (x - mean) / static_cast<float>(bin + 1);
-        }
-    }
-}
-
-void suppressEchoes(AmplitudeImage& image)
-{
-    std::vector<float> peak(image.bins(), 0.0F);
-    for (int frame = 0; frame < image.frames(); ++frame) {
-        float* row = image.row(frame);
-        for (int bin = 0; bin < image.bins(); ++bin) {
-            const float x = row[bin];
-            peak[bin] = std::max(x, 0.9F * peak[bin] + (1 - 0.9F) * x);
-            if (2 * x < peak[bin])
-                row[bin] = 0;
-        }
+    for (int bin = 0; bin < bins; ++bin) {
+        const float x = row[bin];
+        peaks[bin] = std::max(x, 0.9F * peaks[bin] + (1 - 0.9F) * x);
+        if (2 * x < peaks[bin])
+            row[bin] = 0;
     }
 }
 
@@ -54,28 +47,25 @@ void clearEdges(AmplitudeImage& image, int sampleRate)
     const int nyquist = sampleRate / 2000;
     const int low = nyquist == 0 ? bins : static_cast<int>(std::min<long long>(bins, bins * 8LL / nyquist));
     for (int frame = 0; frame < image.frames(); ++frame) {
-        float* row = image.row(frame);
         const bool border = frame == 0 || frame == image.frames() - 1;
         for (int bin = 0; bin < bins; ++bin) {
             if (border || bin < 3 || bin >= bins - 3 || bin < low)
-                row[bin] = 0;
+                image.row(frame)[bin] = 0;
         }
     }
 }
 
 /// Sub-image of one region, each value replaced by log10(20 v + 1), one row per frame.
-std::vector<std::vector<float>> cutOut(const AmplitudeImage& image, const std::vector<int>& labels, int label,
-                                       const Blob& blob)
+std::vector<std::vector<double>> cutOut(const AmplitudeImage& image, const std::vector<int>& labels,
+                                        int label, const Blob& blob)
 {
-    std::vector<std::vector<float>> rows;
+    std::vector<std::vector<double>> rows;
     for (int frame = blob.firstFrame; frame <= blob.lastFrame; ++frame) {
-        std::vector<float> row(image.bins(), 0.0F);
+        rows.emplace_back(image.bins(), 0.0);
         for (int bin = 0; bin < image.bins(); ++bin) {
-            const bool own = labels[std::size_t(frame) * image.bins() + bin] == label;
-            const double v = own ? static_cast<double>(image.row(frame)[bin]) : 0.0;
-            row[bin] = static_cast<float>(std::log10(20.0 * v + 1.0));
+            if (labels[std::size_t(frame) * image.bins() + bin] == label)
+                rows.back()[bin] = double(float(std::log10(20.0 * double(image.row(frame)[bin]) + 1.0)));
         }
-        rows.push_back(row);
     }
     return rows;
 }
@@ -90,22 +80,17 @@ void walkSpectrum(const std::vector<double>& acc, CallFeatures& features)
         moment += bin * acc[bin];
     }
     features.centroid = moment / sum;
-    features.maxFreq = features.centroid;
-    features.minFreq = features.centroid;
-    const int start = static_cast<int>(std::floor(features.centroid));
     int up = 0;
-    for (int bin = start; bin <= bins - 2; ++bin) {
-        if (acc[bin] == 0)
-            break;
+    const int start = static_cast<int>(std::floor(features.centroid));
+    for (int bin = start; bin <= bins - 2 && acc[bin] != 0; ++bin)
         ++up;
-    }
-    features.maxFreq = features.centroid + up;
     int down = 0;
     for (int bin = start; bin >= 1; --bin) {
         ++down;
         if (acc[bin] == 0)
             break;
     }
+    features.maxFreq = features.centroid + up;
     features.minFreq = features.centroid - down;
 }
 
@@ -120,17 +105,15 @@ void countJumps(std::vector<double> hist, int bins, CallFeatures& features)
         if (i > bins && hist[i] != 0)
             ++features.posHist;
     }
-    while (!hist.empty() && hist.back() <= static_cast<double>(FLT_EPSILON))
+    while (!hist.empty() && hist.back() <= negligible)
         hist.pop_back();
-    while (!hist.empty() && hist.front() <= static_cast<double>(FLT_EPSILON))
+    while (!hist.empty() && hist.front() <= negligible)
         hist.erase(hist.begin());
-    for (const double weight : hist) {
-        if (weight < static_cast<double>(FLT_EPSILON))
-            ++features.zeroCount;
-    }
+    for (const double weight : hist)
+        features.zeroCount += weight < negligible ? 1 : 0;
 }
 
-CallFeatures measure(const std::vector<std::vector<float>>& rows, int bins)
+CallFeatures measure(const std::vector<std::vector<double>>& rows, int bins)
 {
     CallFeatures features;
     std::vector<double> acc(bins, 0.0);
@@ -140,10 +123,10 @@ CallFeatures measure(const std::vector<std::vector<float>>& rows, int bins)
         double s = 0;
         double x = 0;
         for (int bin = 0; bin < bins; ++bin) {
-            s += static_cast<double>(v[bin]);
-            x += bin * static_cast<double>(v[bin]);
+            s += v[bin];
+            x += bin * v[bin];
         }
-        if (s <= static_cast<double>(FLT_EPSILON)) {
+        if (s <= negligible) {
             previous = 0;
             continue;
         }
@@ -153,10 +136,10 @@ CallFeatures measure(const std::vector<std::vector<float>>& rows, int bins)
         features.measured = true;
         features.endFreq = c;
         for (int bin = 1; bin <= bins - 2; ++bin)
-            acc[bin] += static_cast<double>(v[bin]);
+            acc[bin] += v[bin];
         const long ci = std::lround(c);
         if (ci > 0 && previous > 0)
-            hist[ci - previous + bins] += static_cast<double>(v[ci]);
+            hist[ci - previous + bins] += v[ci];
         previous = ci;
     }
     if (features.measured) {
@@ -188,9 +171,12 @@ std::vector<int> strongest(const std::vector<Blob>& regions, int sampleRate, int
 
 void PlainDetector::condition(AmplitudeImage& image, int sampleRate)
 {
-    smoothFrequencies(image);
-    removeBackground(image);
-    suppressEchoes(image);
+    std::vector<float> peaks(image.bins(), 0.0F);
+    for (int frame = 0; frame < image.frames(); ++frame) {
+        smoothFrequencies(image.row(frame), image.bins());
+        removeBackground(image.row(frame), image.bins());
+        suppressEchoes(image.row(frame), image.bins(), peaks);
+    }
     clearEdges(image, sampleRate);
 }
 
@@ -289,9 +275,8 @@ void PlainDetector::detect(AmplitudeImage& image, float overlap, int sampleRate,
         const double lowest = f.minFreq * kiloHertzPerBin;
         const QStringList proposal = classify(duration, start, end);
         MyBatCall call;
-        if (isNoise(proposal, f, lowest < 8.0)) {
-            call.classText = QStringLiteral("Noise");
-        } else {
+        call.classText = QStringLiteral("Noise");
+        if (!isNoise(proposal, f, lowest < 8.0)) {
             const double left = blob.firstFrame * ((100 - o) / 100) * windowSize / sampleRate;
             const double right = (blob.lastFrame + 1) * ((100 - o) / 100) * windowSize / sampleRate;
             const double bottom = blob.lowestBin * kiloHertzPerBin;

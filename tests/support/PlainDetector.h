@@ -11,7 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
-/// Call detection written down step after step, each over the whole image, with no thought of speed: what
+/// Call detection written down step after step with no thought of speed: what
 /// CallDetector has to give to the bit, and what it is timed against. Shares the class table with it, nothing
 /// else. Arguments as for CallDetector::detect().
 class PlainDetector

@@ -1,3 +1,4 @@
+#include "tests/support/Table.h"
 #include "viewer/ColorMap.h"
 #include "viewer/ColourLookup.h"
 
@@ -7,8 +8,6 @@
 #include <memory>
 
 using MapPointer = std::shared_ptr<QwtLinearColorMap>;
-Q_DECLARE_METATYPE(MapPointer)
-
 namespace {
 
 MapPointer scheme(int index)
@@ -52,62 +51,53 @@ class tst_ColourLookup : public QObject
 {
     Q_OBJECT
 
+    using MapRow = Table<MapPointer, double, double>; // map, lower, upper
+
 private slots:
-    void equalsTheMap_data();
-    void equalsTheMap();
-    void degenerateIntervals();
-    void knowsWhatItWasMadeFor();
-};
-
-void tst_ColourLookup::equalsTheMap_data()
-{
-    QTest::addColumn<MapPointer>("map");
-    QTest::addColumn<double>("lower");
-    QTest::addColumn<double>("upper");
-
-    QTest::newRow("black to green") << scheme(0) << -100.0 << -30.0;
-    QTest::newRow("white to black") << scheme(1) << -87.2 << -12.5;
-    QTest::newRow("rainbow around zero") << scheme(2) << -0.7 << 1e-3;
-    QTest::newRow("rainbow over a narrow interval") << scheme(2) << -50.0 << -50.0 + 1e-11;
-    QTest::newRow("odd stops, interpolating") << oddMap(QwtLinearColorMap::ScaledColors) << -100.0 << -30.0;
-    QTest::newRow("odd stops, fixed colours") << oddMap(QwtLinearColorMap::FixedColors) << -100.0 << -30.0;
-}
-
-void tst_ColourLookup::equalsTheMap()
-{
-    QFETCH(MapPointer, map);
-    QFETCH(double, lower);
-    QFETCH(double, upper);
-    const QwtInterval interval(lower, upper);
-    const ColourLookup lookup(*map, interval);
-    QVERIFY(lookup.isValid());
-
-    QVector<double> values = valuesAroundChanges(*map, interval);
-    values << -qInf() << qInf() << qQNaN() << -5000.0 << 0.0 << lower << upper;
-    for (const double value : std::as_const(values)) {
-        if (lookup.rgb(value) != map->rgb(interval, value))
-            QFAIL(qPrintable(QString::number(value, 'g', 17)));
+    void equalsTheMap_data()
+    {
+        MapRow row;
+        row("black to green", scheme(0), -100.0, -30.0);
+        row("white to black", scheme(1), -87.2, -12.5);
+        row("rainbow around zero", scheme(2), -0.7, 1e-3);
+        row("rainbow over a narrow interval", scheme(2), -50.0, -50.0 + 1e-11);
+        row("odd stops, interpolating", oddMap(QwtLinearColorMap::ScaledColors), -100.0, -30.0);
+        row("odd stops, fixed colours", oddMap(QwtLinearColorMap::FixedColors), -100.0, -30.0);
     }
-}
+    void equalsTheMap()
+    {
+        const auto& [map, lower, upper] = MapRow::row();
+        const QwtInterval interval(lower, upper);
+        const ColourLookup lookup(*map, interval);
+        QVERIFY(lookup.isValid());
 
-void tst_ColourLookup::degenerateIntervals()
-{
-    for (const QwtInterval& interval : {QwtInterval(-30.0, -30.0), QwtInterval(-qInf(), 0.0),
-                                        QwtInterval(-1.7e308, 1.7e308), QwtInterval(0.0, 5e-324)})
-        QVERIFY(!ColourLookup(ColorMap(), interval).isValid());
-}
+        QVector<double> values = valuesAroundChanges(*map, interval);
+        values << -qInf() << qInf() << qQNaN() << -5000.0 << 0.0 << lower << upper;
+        for (const double value : std::as_const(values)) {
+            if (lookup.rgb(value) != map->rgb(interval, value))
+                QFAIL(qPrintable(QString::number(value, 'g', 17)));
+        }
+    }
 
-void tst_ColourLookup::knowsWhatItWasMadeFor()
-{
-    ColorMap map;
-    const QwtInterval interval(-100.0, -30.0);
-    const ColourLookup lookup(map, interval);
-    QVERIFY(lookup.isFor(ColorMap(), interval));
-    QVERIFY(!lookup.isFor(map, QwtInterval(-100.0, -31.0)));
-    QVERIFY(!lookup.isFor(*scheme(0), interval));
-    map.addColorStop(0.5, Qt::white);
-    QVERIFY(!lookup.isFor(map, interval));
-}
+    void degenerateIntervals()
+    {
+        for (const QwtInterval& interval : {QwtInterval(-30.0, -30.0), QwtInterval(-qInf(), 0.0),
+                                            QwtInterval(-1.7e308, 1.7e308), QwtInterval(0.0, 5e-324)})
+            QVERIFY(!ColourLookup(ColorMap(), interval).isValid());
+    }
+
+    void knowsWhatItWasMadeFor()
+    {
+        ColorMap map;
+        const QwtInterval interval(-100.0, -30.0);
+        const ColourLookup lookup(map, interval);
+        QVERIFY(lookup.isFor(ColorMap(), interval));
+        QVERIFY(!lookup.isFor(map, QwtInterval(-100.0, -31.0)));
+        QVERIFY(!lookup.isFor(*scheme(0), interval));
+        map.addColorStop(0.5, Qt::white);
+        QVERIFY(!lookup.isFor(map, interval));
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_ColourLookup)
 #include "tst_ColourLookup.moc"

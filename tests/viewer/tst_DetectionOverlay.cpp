@@ -1,3 +1,4 @@
+#include "tests/support/Table.h"
 #include "viewer/DetectionOverlay.h"
 #include "viewer/MyRectCallsMarker.h"
 #include "viewer/SpectrogramView.h"
@@ -10,12 +11,71 @@ class tst_DetectionOverlay : public QObject
 {
     Q_OBJECT
 
+    using MarksRow = Table<QStringList, QStringList, QString>; // classes, marked, shown
+
 private slots:
-    void marksWhatIsNoNoise_data();
-    void marksWhatIsNoNoise();
-    void nextResultReplacesTheMarks();
-    void isSeenOnlyWhenWanted();
-    void labelsTellDurationAndEnd();
+    void marksWhatIsNoNoise_data()
+    {
+        MarksRow row;
+        row("nothing found", QStringList(), QStringList(), "");
+        row("calls and noise", QStringList{"PipPip", "Noise", "NycNoc"}, QStringList{"PipPip", "NycNoc"},
+            " NycNoc, PipPip ");
+        row("noise", QStringList{"Noise", "Noise"}, QStringList(), " No call ");
+        row("a tone", QStringList{"PipPip", "Test"}, QStringList(), " No call ");
+    }
+    void marksWhatIsNoNoise()
+    {
+        const auto& [classes, marked, shown] = MarksRow::row();
+        SpectrogramView plot;
+        DetectionOverlay overlay(plot);
+        QList<MyBatCall> calls;
+        for (int i = 0; i < classes.size(); ++i)
+            calls.append(classes[i] == QLatin1String("Noise") ? MyBatCall() : callAt(0.1 * i));
+        overlay.showResult(classes, calls);
+        QCOMPARE(marks(plot), marked);
+        QCOMPARE(overlay.calls().size(), marked.size());
+        QCOMPARE(proposal(plot), shown);
+        for (int i = 0; i < overlay.calls().size(); ++i)
+            QVERIFY(!overlay.calls()[i].rectangle.isEmpty());
+    }
+
+    void nextResultReplacesTheMarks()
+    {
+        SpectrogramView plot;
+        DetectionOverlay overlay(plot);
+        overlay.showResult({"PipPip", "PipPip"}, {callAt(0.1), callAt(0.2)});
+        const int items = plot.itemList().size();
+        overlay.showResult({"NycNoc", "PipPip"}, {callAt(0.3), callAt(0.4)});
+        QCOMPARE(plot.itemList().size(), items);
+        QCOMPARE(marks(plot), QStringList({"NycNoc", "PipPip"}));
+        plot.removeDetectionMarks(); // as when another recording is opened
+        overlay.clear();
+        QVERIFY(marks(plot).isEmpty());
+        QVERIFY(overlay.calls().isEmpty() && overlay.proposal().isEmpty());
+        QVERIFY(proposal(plot).isEmpty());
+    }
+
+    void isSeenOnlyWhenWanted()
+    {
+        SpectrogramView plot;
+        plot.resize(600, 400);
+        const QImage empty = plot.grab().toImage();
+        DetectionOverlay overlay(plot);
+        overlay.showResult({"PipPip"}, {callAt(0.3)});
+        QCOMPARE(plot.grab().toImage(), empty);
+        overlay.setVisible(true);
+        QVERIFY(plot.grab().toImage() != empty);
+        overlay.showResult({"NycNoc"}, {callAt(0.6)});
+        QVERIFY(plot.grab().toImage() != empty);
+        overlay.setVisible(false);
+        QCOMPARE(plot.grab().toImage(), empty);
+    }
+
+    void labelsTellDurationAndEnd()
+    {
+        QLocale::setDefault(QLocale::c());
+        QCOMPARE(MyRectCallsMarker::labelOf(callAt(0.1)), QStringLiteral("4.2 ms, 45.3 kHz"));
+    }
 
 private:
     static MyBatCall callAt(double seconds)
@@ -41,74 +101,6 @@ private:
                                 : static_cast<const QwtPlotTextLabel*>(labels.first())->text().text();
     }
 };
-
-void tst_DetectionOverlay::marksWhatIsNoNoise_data()
-{
-    QTest::addColumn<QStringList>("classes");
-    QTest::addColumn<QStringList>("marked");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("nothing found") << QStringList() << QStringList() << "";
-    QTest::newRow("calls and noise") << QStringList{"PipPip", "Noise", "NycNoc"}
-                                     << QStringList{"PipPip", "NycNoc"} << " NycNoc, PipPip ";
-    QTest::newRow("noise") << QStringList{"Noise", "Noise"} << QStringList() << " No call ";
-    QTest::newRow("a tone") << QStringList{"PipPip", "Test"} << QStringList() << " No call ";
-}
-
-void tst_DetectionOverlay::marksWhatIsNoNoise()
-{
-    QFETCH(QStringList, classes);
-    QFETCH(QStringList, marked);
-    QFETCH(QString, shown);
-    SpectrogramView plot;
-    DetectionOverlay overlay(plot);
-    QList<MyBatCall> calls;
-    for (int i = 0; i < classes.size(); ++i)
-        calls.append(classes[i] == QLatin1String("Noise") ? MyBatCall() : callAt(0.1 * i));
-    overlay.showResult(classes, calls);
-    QCOMPARE(marks(plot), marked);
-    QCOMPARE(overlay.calls().size(), marked.size());
-    QCOMPARE(proposal(plot), shown);
-    for (int i = 0; i < overlay.calls().size(); ++i)
-        QVERIFY(!overlay.calls()[i].rectangle.isEmpty());
-}
-
-void tst_DetectionOverlay::nextResultReplacesTheMarks()
-{
-    SpectrogramView plot;
-    DetectionOverlay overlay(plot);
-    overlay.showResult({"PipPip", "PipPip"}, {callAt(0.1), callAt(0.2)});
-    const int items = plot.itemList().size();
-    overlay.showResult({"NycNoc", "PipPip"}, {callAt(0.3), callAt(0.4)});
-    QCOMPARE(plot.itemList().size(), items);
-    QCOMPARE(marks(plot), QStringList({"NycNoc", "PipPip"}));
-    plot.removeDetectionMarks(); // as when another recording is opened
-    overlay.clear();
-    QVERIFY(marks(plot).isEmpty());
-    QVERIFY(overlay.calls().isEmpty() && overlay.proposal().isEmpty());
-    QVERIFY(proposal(plot).isEmpty());
-}
-
-void tst_DetectionOverlay::isSeenOnlyWhenWanted()
-{
-    SpectrogramView plot;
-    plot.resize(600, 400);
-    const QImage empty = plot.grab().toImage();
-    DetectionOverlay overlay(plot);
-    overlay.showResult({"PipPip"}, {callAt(0.3)});
-    QCOMPARE(plot.grab().toImage(), empty);
-    overlay.setVisible(true);
-    QVERIFY(plot.grab().toImage() != empty);
-    overlay.showResult({"NycNoc"}, {callAt(0.6)});
-    QVERIFY(plot.grab().toImage() != empty);
-    overlay.setVisible(false);
-    QCOMPARE(plot.grab().toImage(), empty);
-}
-
-void tst_DetectionOverlay::labelsTellDurationAndEnd()
-{
-    QLocale::setDefault(QLocale::c());
-    QCOMPARE(MyRectCallsMarker::labelOf(callAt(0.1)), QStringLiteral("4.2 ms, 45.3 kHz"));
-}
 
 QTEST_MAIN(tst_DetectionOverlay)
 #include "tst_DetectionOverlay.moc"

@@ -1,3 +1,4 @@
+#include "tests/support/Table.h"
 #include "viewer/ColorMap.h"
 #include "viewer/MatrixSpectrogram.h"
 
@@ -182,197 +183,154 @@ Scene simpleScene()
 
 /// Something done to an item, and to the scene that the item should show afterwards.
 using Change = std::function<void(OwnItem&, Scene&)>;
-Q_DECLARE_METATYPE(Change)
 
 class tst_MatrixSpectrogram : public QObject
 {
     Q_OBJECT
 
+    using ChangeRow = Table<Change>;
+
 private slots:
-    void equalsTheLibrary_data();
-    void equalsTheLibrary();
-    void drawsInDevicePixels_data();
-    void drawsInDevicePixels();
-    void keepsThePicture();
-    void changesRenewThePicture_data();
-    void changesRenewThePicture();
-    void drawsNothingWithout_data();
-    void drawsNothingWithout();
-    void otherMapsAreDrawnByTheLibrary();
-};
+    void equalsTheLibrary()
+    {
+        for (unsigned seed = 0; seed < 900; ++seed) {
+            Dice dice(seed / 6);
+            Scene scene = randomScene(dice);
+            scene.scheme = static_cast<int>(seed % 3);
+            scene.smooth = seed % 2 == 0;
+            const OwnItem own(scene);
+            const LibraryItem library(scene);
+            const QString onCanvas = difference(drawn(own, scene), drawn(library, scene));
+            QVERIFY2(onCanvas.isEmpty(), qPrintable(QString::asprintf("canvas, seed %u, ", seed) + onCanvas));
 
-void tst_MatrixSpectrogram::equalsTheLibrary_data()
-{
-    QTest::addColumn<int>("scheme");
-    QTest::addColumn<bool>("smooth");
-    for (int scheme = 0; scheme < 3; ++scheme) {
-        QTest::addRow("scheme %d, nearest", scheme) << scheme << false;
-        QTest::addRow("scheme %d, interpolated", scheme) << scheme << true;
+            const QSize size = scene.canvas.size().toSize();
+            const QRectF area = QwtScaleMap::invTransform(scene.x, scene.y, scene.canvas);
+            const QString image = difference(own.renderImage(scene.x, scene.y, area, size),
+                                             library.renderImage(scene.x, scene.y, area, size));
+            QVERIFY2(image.isEmpty(), qPrintable(QString::asprintf("image, seed %u, ", seed) + image));
+        }
     }
-}
 
-void tst_MatrixSpectrogram::equalsTheLibrary()
-{
-    QFETCH(int, scheme);
-    QFETCH(bool, smooth);
-    for (unsigned seed = 0; seed < 150; ++seed) {
-        Dice dice(seed);
-        Scene scene = randomScene(dice);
-        scene.scheme = scheme;
-        scene.smooth = smooth;
-        const OwnItem own(scene);
-        const LibraryItem library(scene);
-
-        const QString onCanvas = difference(drawn(own, scene), drawn(library, scene));
-        QVERIFY2(onCanvas.isEmpty(),
-                 qPrintable(QStringLiteral("canvas, seed %1, %2").arg(seed).arg(onCanvas)));
-
-        const QSize size = scene.canvas.size().toSize();
-        const QRectF area = QwtScaleMap::invTransform(scene.x, scene.y, scene.canvas);
-        const QString image = difference(own.renderImage(scene.x, scene.y, area, size),
-                                         library.renderImage(scene.x, scene.y, area, size));
-        QVERIFY2(image.isEmpty(), qPrintable(QStringLiteral("image, seed %1, %2").arg(seed).arg(image)));
+    void drawsInDevicePixels()
+    {
+        for (unsigned seed = 0; seed < 150; ++seed) {
+            Dice dice(seed / 3);
+            Scene scene = randomScene(dice);
+            scene.smooth = seed % 3 == 0;
+            const double pixelRatio = seed % 3 == 1 ? 3.0 : 2.0;
+            const QImage fine = drawn(LibraryItem(scene), magnified(scene, pixelRatio));
+            const QString wrong = difference(drawn(OwnItem(scene), scene, pixelRatio), fine);
+            QVERIFY2(wrong.isEmpty(), qPrintable(QString::asprintf("seed %u, ", seed) + wrong));
+        }
     }
-}
 
-void tst_MatrixSpectrogram::drawsInDevicePixels_data()
-{
-    QTest::addColumn<double>("pixelRatio");
-    QTest::addColumn<bool>("smooth");
-    QTest::newRow("200 %, nearest") << 2.0 << false;
-    QTest::newRow("200 %, interpolated") << 2.0 << true;
-    QTest::newRow("300 %, nearest") << 3.0 << false;
-}
+    // The picture is only made anew when the matrix is read: change it behind the item's back and nothing may
+    // change.
+    void keepsThePicture()
+    {
+        const Scene scene = simpleScene();
+        QwtPlot plot;
+        plot.resize(400, 300);
+        auto* item = new OwnItem(scene);
+        item->attach(&plot);
+        auto* marker = new QwtPlotMarker;
+        marker->setLineStyle(QwtPlotMarker::VLine);
+        marker->attach(&plot);
+        plot.setAxisScale(QwtPlot::xBottom, 0.0, scene.duration);
+        plot.setAxisScale(QwtPlot::yLeft, 0.0, scene.nyquist);
+        plot.replot();
+        const QImage before = plot.grab().toImage();
 
-void tst_MatrixSpectrogram::drawsInDevicePixels()
-{
-    QFETCH(double, pixelRatio);
-    QFETCH(bool, smooth);
-    for (unsigned seed = 0; seed < 50; ++seed) {
-        Dice dice(seed);
-        Scene scene = randomScene(dice);
-        scene.smooth = smooth;
-        const QImage fine = drawn(LibraryItem(scene), magnified(scene, pixelRatio));
-        const QString wrong = difference(drawn(OwnItem(scene), scene, pixelRatio), fine);
-        QVERIFY2(wrong.isEmpty(), qPrintable(QStringLiteral("seed %1, %2").arg(seed).arg(wrong)));
+        static_cast<QwtMatrixRasterData*>(item->data())->setValueMatrix(QVector<double>(40 * 30, -30.0), 40);
+        plot.replot();
+        QCOMPARE(plot.grab().toImage(), before);
+        marker->setXValue(0.5 * scene.duration);
+        plot.replot();
+        QVERIFY(plot.grab().toImage() != before);
+        marker->setXValue(0.0);
+        plot.replot();
+        QCOMPARE(plot.grab().toImage(), before);
+
+        plot.setAxisScale(QwtPlot::xBottom, 0.0, 0.5 * scene.duration);
+        plot.replot();
+        plot.grab();
+        plot.setAxisScale(QwtPlot::xBottom, 0.0, scene.duration);
+        plot.replot();
+        QVERIFY(plot.grab().toImage() != before);
     }
-}
 
-// The picture is only made anew when the matrix is read: change it behind the item's back and nothing may
-// change.
-void tst_MatrixSpectrogram::keepsThePicture()
-{
-    const Scene scene = simpleScene();
-    QwtPlot plot;
-    plot.resize(400, 300);
-    auto* item = new OwnItem(scene);
-    item->attach(&plot);
-    auto* marker = new QwtPlotMarker;
-    marker->setLineStyle(QwtPlotMarker::VLine);
-    marker->attach(&plot);
-    plot.setAxisScale(QwtPlot::xBottom, 0.0, scene.duration);
-    plot.setAxisScale(QwtPlot::yLeft, 0.0, scene.nyquist);
-    plot.replot();
-    const QImage before = plot.grab().toImage();
-
-    static_cast<QwtMatrixRasterData*>(item->data())->setValueMatrix(QVector<double>(40 * 30, -30.0), 40);
-    plot.replot();
-    QCOMPARE(plot.grab().toImage(), before);
-    marker->setXValue(0.5 * scene.duration);
-    plot.replot();
-    QVERIFY(plot.grab().toImage() != before);
-    marker->setXValue(0.0);
-    plot.replot();
-    QCOMPARE(plot.grab().toImage(), before);
-
-    plot.setAxisScale(QwtPlot::xBottom, 0.0, 0.5 * scene.duration);
-    plot.replot();
-    plot.grab();
-    plot.setAxisScale(QwtPlot::xBottom, 0.0, scene.duration);
-    plot.replot();
-    QVERIFY(plot.grab().toImage() != before);
-}
-
-void tst_MatrixSpectrogram::changesRenewThePicture_data()
-{
-    QTest::addColumn<Change>("change");
-    QTest::newRow("another matrix of the same size") << Change([](OwnItem& item, Scene& scene) {
-        std::reverse(scene.matrix.begin(), scene.matrix.end());
-        item.setMatrix(scene.matrix, scene.columns, scene.duration, scene.nyquist);
-    });
-    QTest::newRow("limits") << Change([](OwnItem& item, Scene& scene) {
-        scene.amplitude = {-90.0, -70.0};
-        item.setAmplitudeLimits(scene.amplitude);
-    });
-    QTest::newRow("smoothing") << Change([](OwnItem& item, Scene& scene) {
-        scene.smooth = true;
-        item.setSmoothing(true);
-    });
-    QTest::newRow("colours") << Change([](OwnItem& item, Scene& scene) {
-        scene.scheme = 0;
-        static_cast<QwtPlotSpectrogram&>(item).setColorMap(new ColorMap(ColourScheme::forIndex(0)->ramp));
-    });
-    QTest::newRow("axes") << Change([](OwnItem&, Scene& scene) { scene.x.setScaleInterval(0.2, 0.4); });
-    QTest::newRow("size") << Change([](OwnItem&, Scene& scene) { scene = magnified(scene, 1.5); });
-}
-
-void tst_MatrixSpectrogram::changesRenewThePicture()
-{
-    QFETCH(Change, change);
-    Scene scene = simpleScene();
-    OwnItem item(scene);
-    const QImage before = drawn(item, scene);
-    change(item, scene);
-    QVERIFY(drawn(item, scene) != before);
-    QCOMPARE(difference(drawn(item, scene), drawn(LibraryItem(scene), scene)), QString());
-}
-
-void tst_MatrixSpectrogram::drawsNothingWithout_data()
-{
-    QTest::addColumn<Change>("change");
-    QTest::newRow("a matrix") << Change([](OwnItem& item, Scene&) { item.clear(); });
-    QTest::newRow("values") << Change([](OwnItem& item, Scene&) { item.setMatrix({}, 0, 0.001, 250.0); });
-    QTest::newRow("columns") << Change([](OwnItem& item, Scene&) {
-        item.setMatrix({1.0, 2.0}, 0, 1.0, 250.0);
-    });
-    QTest::newRow("a whole row") << Change([](OwnItem& item, Scene&) {
-        item.setMatrix({1.0, 2.0}, 3, 1.0, 250.0);
-    });
-    QTest::newRow("a duration") << Change(
-        [](OwnItem& item, Scene& scene) { item.setMatrix(scene.matrix, scene.columns, 0.0, 250.0); });
-    QTest::newRow("frequencies") << Change(
-        [](OwnItem& item, Scene& scene) { item.setMatrix(scene.matrix, scene.columns, 1.0, 0.0); });
-    QTest::newRow("levels in order") << Change([](OwnItem& item, Scene&) {
-        item.setAmplitudeLimits({0.0, -5000.0});
-    });
-    QTest::newRow("anything in view")
-        << Change([](OwnItem&, Scene& scene) { scene.x.setScaleInterval(3.0, 4.0); });
-}
-
-void tst_MatrixSpectrogram::drawsNothingWithout()
-{
-    QFETCH(Change, change);
-    for (const bool smooth : {false, true}) {
+    void changesRenewThePicture_data()
+    {
+        ChangeRow row;
+        row("another matrix of the same size", [](OwnItem& item, Scene& scene) {
+            std::reverse(scene.matrix.begin(), scene.matrix.end());
+            item.setMatrix(scene.matrix, scene.columns, scene.duration, scene.nyquist);
+        });
+        row("limits", [](OwnItem& item, Scene& scene) {
+            scene.amplitude = {-90.0, -70.0};
+            item.setAmplitudeLimits(scene.amplitude);
+        });
+        row("smoothing", [](OwnItem& item, Scene& scene) {
+            scene.smooth = true;
+            item.setSmoothing(true);
+        });
+        row("colours", [](OwnItem& item, Scene& scene) {
+            scene.scheme = 0;
+            static_cast<QwtPlotSpectrogram&>(item).setColorMap(new ColorMap(ColourScheme::forIndex(0)->ramp));
+        });
+        row("axes", [](OwnItem&, Scene& scene) { scene.x.setScaleInterval(0.2, 0.4); });
+        row("size", [](OwnItem&, Scene& scene) { scene = magnified(scene, 1.5); });
+    }
+    void changesRenewThePicture()
+    {
+        const auto& [change] = ChangeRow::row();
         Scene scene = simpleScene();
         OwnItem item(scene);
-        item.setSmoothing(smooth);
+        const QImage before = drawn(item, scene);
         change(item, scene);
-        const QImage canvas = drawn(item, scene);
-        QImage untouched(canvas.size(), canvas.format());
-        untouched.fill(Qt::gray);
-        QCOMPARE(difference(canvas, untouched), QString());
+        QVERIFY(drawn(item, scene) != before);
+        QCOMPARE(difference(drawn(item, scene), drawn(LibraryItem(scene), scene)), QString());
     }
-}
 
-void tst_MatrixSpectrogram::otherMapsAreDrawnByTheLibrary()
-{
-    const Scene scene = simpleScene();
-    OwnItem own(scene);
-    own.setColorMap(new QwtAlphaColorMap(Qt::red));
-    LibraryItem library(scene);
-    library.setColorMap(new QwtAlphaColorMap(Qt::red));
-    QCOMPARE(difference(drawn(own, scene), drawn(library, scene)), QString());
-}
+    void drawsNothingWithout_data()
+    {
+        ChangeRow row;
+        row("a matrix", [](OwnItem& item, Scene&) { item.clear(); });
+        row("values", [](OwnItem& item, Scene&) { item.setMatrix({}, 0, 0.001, 250.0); });
+        row("columns", [](OwnItem& item, Scene&) { item.setMatrix({1.0, 2.0}, 0, 1.0, 250.0); });
+        row("a whole row", [](OwnItem& item, Scene&) { item.setMatrix({1.0, 2.0}, 3, 1.0, 250.0); });
+        row("a duration",
+            [](OwnItem& item, Scene& scene) { item.setMatrix(scene.matrix, scene.columns, 0.0, 250.0); });
+        row("frequencies",
+            [](OwnItem& item, Scene& scene) { item.setMatrix(scene.matrix, scene.columns, 1.0, 0.0); });
+        row("levels in order", [](OwnItem& item, Scene&) { item.setAmplitudeLimits({0.0, -5000.0}); });
+        row("anything in view", [](OwnItem&, Scene& scene) { scene.x.setScaleInterval(3.0, 4.0); });
+    }
+    void drawsNothingWithout()
+    {
+        const auto& [change] = ChangeRow::row();
+        for (const bool smooth : {false, true}) {
+            Scene scene = simpleScene();
+            OwnItem item(scene);
+            item.setSmoothing(smooth);
+            change(item, scene);
+            const QImage canvas = drawn(item, scene);
+            QImage untouched(canvas.size(), canvas.format());
+            untouched.fill(Qt::gray);
+            QCOMPARE(difference(canvas, untouched), QString());
+        }
+    }
+
+    void otherMapsAreDrawnByTheLibrary()
+    {
+        const Scene scene = simpleScene();
+        OwnItem own(scene);
+        own.setColorMap(new QwtAlphaColorMap(Qt::red));
+        LibraryItem library(scene);
+        library.setColorMap(new QwtAlphaColorMap(Qt::red));
+        QCOMPARE(difference(drawn(own, scene), drawn(library, scene)), QString());
+    }
+};
 
 QTEST_MAIN(tst_MatrixSpectrogram)
 #include "tst_MatrixSpectrogram.moc"

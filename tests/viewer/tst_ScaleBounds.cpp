@@ -2,71 +2,42 @@
 
 #include <QtTest>
 
-#include <limits>
+#include <utility>
 
 class tst_ScaleBounds : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void highestFrequencyIsNyquist_data();
-    void highestFrequencyIsNyquist();
-    void shownLimitsFitTheRange_data();
-    void shownLimitsFitTheRange();
+    void highestFrequencyIsNyquist()
+    {
+        QCOMPARE(ScaleBounds::highestFrequency(0), 150); // no recording
+        QCOMPARE(ScaleBounds::highestFrequency(-1), 150);
+        QCOMPARE(ScaleBounds::highestFrequency(500000), 250);
+        QCOMPARE(ScaleBounds::highestFrequency(44100), 22);
+        QCOMPARE(ScaleBounds::highestFrequency(1500), 1); // room for a lower limit
+    }
+
+    void shownLimitsFitTheRange()
+    {
+        const auto shown = [](double lower, double upper) {
+            const ScaleLimits limits =
+                ScaleBounds::shown(lower, upper, ScaleBounds::lowestLevel, ScaleBounds::highestLevel);
+            return std::make_pair(limits.lower, limits.upper);
+        };
+        const auto pair = [](int lower, int upper) { return std::make_pair(lower, upper); };
+        QCOMPARE(shown(-100.0, -33.0), pair(-100, -33));
+        QCOMPARE(shown(-87.23, -12.6), pair(-87, -13));
+        QCOMPARE(shown(-12.4, -11.6), pair(-13, -12)); // rounded to the same
+        QCOMPARE(shown(-20.0, -60.0), pair(-61, -60));
+        QCOMPARE(shown(-20.0, -20.0), pair(-21, -20));
+        QCOMPARE(shown(3.0, 6.0), pair(-1, 0));
+        QCOMPARE(shown(-500.0, -5000.0), pair(-200, -199));
+        QCOMPARE(shown(-qInf(), qInf()), pair(-200, 0));
+        QCOMPARE(shown(-1e300, 1e300), pair(-200, 0)); // more than an int holds
+        QCOMPARE(shown(qQNaN(), qQNaN()), pair(-200, -199));
+    }
 };
-
-void tst_ScaleBounds::highestFrequencyIsNyquist_data()
-{
-    QTest::addColumn<int>("sampleRate");
-    QTest::addColumn<int>("kilohertz");
-    QTest::newRow("no recording") << 0 << 150;
-    QTest::newRow("nonsense") << -1 << 150;
-    QTest::newRow("usual") << 500000 << 250;
-    QTest::newRow("truncated") << 44100 << 22;
-    QTest::newRow("room for a lower limit") << 1500 << 1;
-}
-
-void tst_ScaleBounds::highestFrequencyIsNyquist()
-{
-    QFETCH(int, sampleRate);
-    QFETCH(int, kilohertz);
-    QCOMPARE(ScaleBounds::highestFrequency(sampleRate), kilohertz);
-}
-
-void tst_ScaleBounds::shownLimitsFitTheRange_data()
-{
-    QTest::addColumn<double>("lower");
-    QTest::addColumn<double>("upper");
-    QTest::addColumn<int>("shownLower");
-    QTest::addColumn<int>("shownUpper");
-
-    // All in the range -200 ... 0.
-    const double infinity = std::numeric_limits<double>::infinity();
-    const double noNumber = std::numeric_limits<double>::quiet_NaN();
-    QTest::newRow("as stored") << -100.0 << -33.0 << -100 << -33;
-    QTest::newRow("rounded") << -87.23 << -12.6 << -87 << -13;
-    QTest::newRow("rounded to the same") << -12.4 << -11.6 << -13 << -12;
-    QTest::newRow("both low") << -150.0 << -120.0 << -150 << -120;
-    QTest::newRow("inverted") << -20.0 << -60.0 << -61 << -60;
-    QTest::newRow("equal") << -20.0 << -20.0 << -21 << -20;
-    QTest::newRow("above the range") << 3.0 << 6.0 << -1 << 0;
-    QTest::newRow("below the range") << -500.0 << -5000.0 << -200 << -199;
-    QTest::newRow("wider than the range") << -infinity << infinity << -200 << 0;
-    QTest::newRow("more than an int holds") << -1e300 << 1e300 << -200 << 0;
-    QTest::newRow("no numbers") << noNumber << noNumber << -200 << -199;
-}
-
-void tst_ScaleBounds::shownLimitsFitTheRange()
-{
-    QFETCH(double, lower);
-    QFETCH(double, upper);
-    QFETCH(int, shownLower);
-    QFETCH(int, shownUpper);
-    const ScaleLimits limits =
-        ScaleBounds::shown(lower, upper, ScaleBounds::lowestLevel, ScaleBounds::highestLevel);
-    QCOMPARE(limits.lower, shownLower);
-    QCOMPARE(limits.upper, shownUpper);
-}
 
 QTEST_GUILESS_MAIN(tst_ScaleBounds)
 #include "tst_ScaleBounds.moc"
