@@ -18,6 +18,7 @@ public:
     NewFile& operator=(const NewFile&) = delete;
 
     QFile& file() { return m_file; }
+    const QString& target() const { return m_target; }
 
     /// Waits until what was written is on the disk, where the system offers that.
     bool synchronize();
