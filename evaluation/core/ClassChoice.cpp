@@ -2,8 +2,6 @@
 
 #include "classes/core/ClassTree.h"
 
-#include <QHash>
-
 #include <algorithm>
 
 namespace ClassChoice {
@@ -20,36 +18,42 @@ bool isDetectedNoCall(const ClassRecord& record, Unassigned unassigned)
 
 QStringList namesOf(const ClassRecord& record, Unassigned unassigned)
 {
-    if (isDetectedNoCall(record, unassigned))
-        return {detectedNoCall()};
     QStringList names;
     if (record.isUnassigned())
-        names.append(ClassTree::unassigned());
+        names.append(isDetectedNoCall(record, unassigned) ? detectedNoCall() : ClassTree::unassigned());
     for (const QString& name : record.classes)
         if (!name.isEmpty() && !names.contains(name))
             names.append(name);
     return names;
 }
 
-QString text(const QVector<RecordingRow>& rows, Unassigned unassigned)
+void Tally::add(const ClassRecord& record)
 {
-    QHash<QString, int> indexOf;
-    QVector<Line> found;
-    for (const RecordingRow& row : rows) {
-        const QStringList names = namesOf(row.record, unassigned);
-        for (const QString& name : names) {
-            auto index = indexOf.constFind(name);
-            if (index == indexOf.constEnd()) {
-                index = indexOf.insert(name, found.size());
-                found.append({name, 0});
-            }
-            ++found[*index].count;
+    const QStringList names = namesOf(record, m_unassigned);
+    for (const QString& name : names) {
+        auto index = m_indexOf.constFind(name);
+        if (index == m_indexOf.constEnd()) {
+            index = m_indexOf.insert(name, m_found.size());
+            m_found.append({name, 0});
         }
+        ++m_found[*index].count;
     }
+}
+
+QString Tally::text() const
+{
     QString text;
-    for (const Line& line : std::as_const(found))
+    for (const Line& line : m_found)
         text += line.name + QLatin1Char('\t') + QString::number(line.count) + QLatin1Char('\n');
     return text;
+}
+
+QString text(const QVector<RecordingRow>& rows, Unassigned unassigned)
+{
+    Tally tally(unassigned);
+    for (const RecordingRow& row : rows)
+        tally.add(row.record);
+    return tally.text();
 }
 
 QVector<Line> lines(const QString& text)
