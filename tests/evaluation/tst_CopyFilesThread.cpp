@@ -183,7 +183,6 @@ void tst_CopyFilesThread::copiesAheadOutOfSight()
     CopyFilesThread worker;
     worker.copyFiles(0, to(), from(), {"a.wav", "b.wav", "c.wav"}, false);
     QCoreApplication::processEvents();
-    QCOMPARE(folderContents(to()).values(), QList<QByteArray>({sound + 'b', sound})); // a hidden name first
     QCOMPARE(QDir(to()).entryList(QDir::Files), QStringList("a.wav"));
     if (!then.isEmpty())
         worker.copyFiles(then.section('|', 1).toInt(), to(), from(), then.section('|', 0, 0).split(' '),
