@@ -30,9 +30,11 @@ QVector<RecordingRow> ListedRows::read(const Choice& choice) const
 QString ListedRows::classText(const Choice& choice, ClassChoice::Unassigned unassigned) const
 {
     ClassChoice::Tally tally(unassigned);
-    visit(choice, [&tally](const QTreeWidgetItem& item) {
+    const bool byDetection = unassigned == ClassChoice::Unassigned::ByDetection;
+    visit(choice, [&tally, byDetection](const QTreeWidgetItem& item) {
         ClassRecord record;
-        record.autoClass = item.text(RowItem::Proposal);
+        if (byDetection)
+            record.autoClass = item.text(RowItem::Proposal);
         for (std::size_t slot = 0; slot < record.classes.size(); ++slot)
             record.classes[slot] = item.text(RowItem::Class1 + static_cast<int>(slot));
         tally.add(record);

@@ -16,28 +16,39 @@ bool isDetectedNoCall(const ClassRecord& record, Unassigned unassigned)
     return unassigned == Unassigned::ByDetection && record.isUnassigned() && record.proposesNoCall();
 }
 
+namespace {
+
+/// Calls visit(name) for the names that a recording counts for, each once.
+template <typename Visit>
+void visitNames(const ClassRecord& record, Unassigned unassigned, Visit visit)
+{
+    if (record.isUnassigned())
+        visit(isDetectedNoCall(record, unassigned) ? detectedNoCall() : ClassTree::unassigned());
+    const auto& classes = record.classes;
+    for (auto name = classes.cbegin(); name != classes.cend(); ++name)
+        if (!name->isEmpty() && std::find(classes.cbegin(), name, *name) == name)
+            visit(*name);
+}
+
+} // namespace
+
 QStringList namesOf(const ClassRecord& record, Unassigned unassigned)
 {
     QStringList names;
-    if (record.isUnassigned())
-        names.append(isDetectedNoCall(record, unassigned) ? detectedNoCall() : ClassTree::unassigned());
-    for (const QString& name : record.classes)
-        if (!name.isEmpty() && !names.contains(name))
-            names.append(name);
+    visitNames(record, unassigned, [&names](const QString& name) { names.append(name); });
     return names;
 }
 
 void Tally::add(const ClassRecord& record)
 {
-    const QStringList names = namesOf(record, m_unassigned);
-    for (const QString& name : names) {
+    visitNames(record, m_unassigned, [this](const QString& name) {
         auto index = m_indexOf.constFind(name);
         if (index == m_indexOf.constEnd()) {
             index = m_indexOf.insert(name, m_found.size());
             m_found.append({name, 0});
         }
         ++m_found[*index].count;
-    }
+    });
 }
 
 QString Tally::text() const
