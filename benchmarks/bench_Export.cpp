@@ -31,7 +31,7 @@ namespace {
 
 constexpr int longList = 100000;
 constexpr int copiedFiles = 2000;
-constexpr int copyRounds = 4;
+constexpr int copyRounds = 5;
 
 double seconds(const std::function<void()>& work)
 {
@@ -129,7 +129,7 @@ void copyByWorker(const QString& from, const QString& to)
 void copyFiles(benchmark::State& state)
 {
     const QTemporaryDir folder;
-    if (QStorageInfo(folder.path()).bytesAvailable() < copiedFiles * (2LL * copyRounds + 2) * 1000000) {
+    if (QStorageInfo(folder.path()).bytesAvailable() < copiedFiles * 3000000LL) {
         state.SkipWithError("no room");
         return;
     }
@@ -144,22 +144,18 @@ void copyFiles(benchmark::State& state)
     QProcess::execute(QStringLiteral("sync"), {});
     double ours = std::numeric_limits<double>::infinity();
     double peers = ours;
-    // Nothing is removed between the rounds: some file systems are slow to use anew what was just given back.
-    const auto intoNewFolder = [&folder](const QString& name,
-                                         const std::function<void(const QString&)>& copy) {
-        const QString to = folder.filePath(name);
+    const auto intoNewFolder = [&folder](const std::function<void(const QString&)>& copy) {
+        const QString to = folder.filePath(QStringLiteral("to"));
         QDir().mkdir(to);
-        QProcess::execute(QStringLiteral("sync"), {});
         const double time = seconds([&] { copy(to); });
-            qWarning("%s %.3f", qPrintable(name), time);
+        QDir(to).removeRecursively(); // most of it before the disk has heard of it
         return time;
     };
     for (auto _ : state) {
         for (int i = 0; i < copyRounds; ++i) {
-            ours = std::min(ours, intoNewFolder(QStringLiteral("to%1").arg(i),
-                                                [&](const QString& to) { copyByWorker(from, to); }));
+            ours = std::min(ours, intoNewFolder([&](const QString& to) { copyByWorker(from, to); }));
             peers =
-                std::min(peers, intoNewFolder(QStringLiteral("cp%1").arg(i), [&](const QString& to) {
+                std::min(peers, intoNewFolder([&](const QString& to) {
                              if (QProcess::execute(QStringLiteral("cp"),
                                                    {QStringLiteral("-r"), from + QStringLiteral("/."), to}))
                                  state.SkipWithError("no cp");
