@@ -40,7 +40,6 @@ private slots:
     void init();
     void cleanup();
     void copiesChosenClasses();
-    void asksBeforeOverwriting_data();
     void asksBeforeOverwriting();
     void asksAboutErrors();
     void neverLosesFilesOfItsOwnFolder();
@@ -120,26 +119,17 @@ void tst_CopyController::copiesChosenClasses()
     QCOMPARE(folderContents(m_from->path()).size(), 4);
 }
 
-void tst_CopyController::asksBeforeOverwriting_data()
-{
-    QTest::addColumn<int>("answer");
-    QTest::addColumn<QString>("names");
-    QTest::addColumn<QByteArray>("ofB");
-    QTest::newRow("yes") << int(Answer::Yes) << "a.wav b.wav c.wav d.wav" << QByteArray("sound of b.wav");
-    QTest::newRow("no") << int(Answer::No) << "a.wav b.wav c.wav d.wav" << QByteArray("older");
-    QTest::newRow("cancel") << int(Answer::Cancel) << "b.wav" << QByteArray("older");
-}
-
 void tst_CopyController::asksBeforeOverwriting()
 {
-    QFETCH(int, answer);
-    QFETCH(QByteArray, ofB);
     QVERIFY(writeBytes(m_to->filePath("b.wav"), "older"));
-    m_window->prompts.willAnswer(Answer(answer));
-    copyTo(m_to->path());
-    QCOMPARE(m_window->prompts.takeAsked(), overwriteQuestion);
-    QTEST(copied().join(' '), "names");
-    QCOMPARE(bytesOf(m_to->filePath("b.wav")), ofB);
+    for (const Answer answer : {Answer::Cancel, Answer::No, Answer::Yes}) {
+        m_window->prompts.willAnswer(answer);
+        copyTo(m_to->path());
+        QCOMPARE(m_window->prompts.takeAsked(), overwriteQuestion);
+        QCOMPARE(copied().join(' '), answer == Answer::Cancel ? "b.wav" : "a.wav b.wav c.wav d.wav");
+        QCOMPARE(bytesOf(m_to->filePath("b.wav")),
+                 QByteArray(answer == Answer::Yes ? "sound of b.wav" : "older"));
+    }
 }
 
 void tst_CopyController::asksAboutErrors()
