@@ -363,16 +363,19 @@ void MainWindow::connectClasses()
     connect(m_assigning, &Controller::signalDeleteClassFile, this, &MainWindow::signalDeleteClassFile);
     connect(m_assigning, &Controller::signalUnassignFile, this, &MainWindow::signalUnassignFile);
     connect(m_assigning, &Controller::signalResetFile, this, &MainWindow::signalResetFile);
-    connect(m_assigning, &Controller::rowsInUseChanged, this, [this](bool inUse) {
-        m_headers->setRowsHeld(inUse);
-        m_fileActions->setOpeningEnabled(!inUse);
-    });
+    connect(m_assigning, &Controller::rowsInUseChanged, this, &MainWindow::setRowsInUse);
     connect(m_assigning, &Controller::rowToBeLoaded, m_evaluationNavigator, &RecordingNavigator::show);
     connect(m_assigning, &Controller::reloadAfterReset, m_headers,
             [this] { m_headers->open(FolderTask::afterReset(m_session->folder, m_session->viewMode)); });
     connect(&m_assigning->deletion(), &FileDeletion::recordingsDeleted, this, [this](QTreeWidget* list) {
         (list == &m_folderList->list() ? m_folderList : m_evaluationList)->selectionChanged();
     });
+}
+
+void MainWindow::setRowsInUse(bool inUse)
+{
+    m_headers->setRowsHeld(inUse);
+    m_fileActions->setOpeningEnabled(!inUse);
 }
 
 void MainWindow::connectEvaluation()
@@ -385,6 +388,8 @@ void MainWindow::connectEvaluation()
     connect(&m_assigning->menus(), &FileListMenus::vantorExportWanted, this,
             &MainWindow::exportVantorFileFromAction);
     connect(m_copying, &CopyController::copyFiles, this, &MainWindow::copyFiles);
+    connect(m_copying, &CopyController::copyingEnded, m_copyWorker, &CopyFilesThread::endRun);
+    connect(m_copying, &CopyController::runningChanged, this, &MainWindow::setRowsInUse);
 }
 
 void MainWindow::connectLoading()

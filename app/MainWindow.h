@@ -243,6 +243,7 @@ private:
     void connectLists();
     void connectClasses();
     void connectEvaluation();
+    void setRowsInUse(bool inUse);
     void connectSettings();
     void restoreSettings();
 

@@ -216,29 +216,25 @@ void readAgainstExiftool(benchmark::State& state)
 
 } // namespace
 
+#ifdef Q_OS_UNIX
+BENCHMARK(readHeaders)->Name("ReadHeaders")->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(writeRecords)->Name("WriteRecords")->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
+#endif
+BENCHMARK(readAgainstSoxi)
+    ->Name("ReadHeaders/soxi")
+    ->Iterations(1)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(readAgainstExiftool)
+    ->Name("ReadHeaders/exiftool")
+    ->Iterations(1)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
 int main(int argc, char** argv)
 {
-    QCoreApplication application(argc, argv);
-#ifdef Q_OS_UNIX
-    benchmark::RegisterBenchmark("ReadHeaders", readHeaders)
-        ->Iterations(1)
-        ->UseManualTime()
-        ->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark("WriteRecords", writeRecords)
-        ->Iterations(1)
-        ->UseManualTime()
-        ->Unit(benchmark::kMillisecond);
-#endif
-    benchmark::RegisterBenchmark("ReadHeaders/soxi", readAgainstSoxi)
-        ->Iterations(1)
-        ->UseManualTime()
-        ->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark("ReadHeaders/exiftool", readAgainstExiftool)
-        ->Iterations(1)
-        ->UseManualTime()
-        ->Unit(benchmark::kMillisecond);
+    const QCoreApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
     return 0;
 }

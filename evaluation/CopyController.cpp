@@ -2,7 +2,6 @@
 
 #include "base/SettingsStore.h"
 #include "evaluation/CopyFilesDialog.h"
-#include "evaluation/core/ClassChoice.h"
 #include "evaluation/core/CopyFilesThread.h"
 #include "evaluation/core/CopyPlan.h"
 #include "recordings/RecordingSession.h"
@@ -29,17 +28,17 @@ void CopyController::copyFilesToOtherFolder()
 {
     if (!m_rows.list() || isRunning())
         return;
+    const FileRun::RowsInUse rowsInUse(*m_run);
     const QString folder = QFileDialog::getExistingDirectory(
         &m_window, QStringLiteral("Copy Files to Folder"), m_settings.value(SettingKeys::copyFilesPath),
         QFileDialog::ShowDirsOnly | QFileDialog::DontResolveSymlinks);
     if (folder.isEmpty())
         return;
-    const QVector<RecordingRow> rows = m_rows.all();
-    CopyFilesDialog dialog(&m_window, ClassChoice::text(rows));
+    CopyFilesDialog dialog(&m_window, m_rows.classText(ListedRows::Choice()));
     if (dialog.exec() != QDialog::Accepted)
         return;
     const QString newDirectory = folderPath(folder);
-    const QStringList names = CopyPlan::names(rows, dialog.checkedClasses());
+    const QStringList names = CopyPlan::names(m_rows.all(), dialog.checkedClasses());
     const std::optional<bool> overwrite = chooseOverwrite(newDirectory, names);
     if (!overwrite)
         return;
@@ -73,6 +72,7 @@ void CopyController::start(const QString& newDirectory, const QStringList& names
     setup.label = QStringLiteral("Copying...");
     setup.count = names.size();
     setup.askAboutError = [this, names](int index) { return askAboutError(names.at(index)); };
+    setup.ended = [this](bool) { emit copyingEnded(); };
     m_run->start(std::move(setup),
                  [this, newDirectory, oldDirectory = m_session.folder, names, overwrite](int index) {
                      emit copyFiles(index, newDirectory, oldDirectory, names, overwrite);

@@ -38,6 +38,9 @@ signals:
     /// The request to the worker, see CopyFilesThread::copyFiles().
     void copyFiles(int index, const QString& newDirectory, const QString& oldDirectory,
                    const QStringList& fileNames, bool overwrite);
+    /// The worker will get no more requests for this run, see CopyFilesThread::endRun().
+    void copyingEnded();
+    /// Files are being copied: the rows are in use.
     void runningChanged(bool running);
 
 private:

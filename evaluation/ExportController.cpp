@@ -27,13 +27,13 @@ ExportController::ExportController(QWidget& window, const ListedRows& rows, cons
 void ExportController::exportCSVFile()
 {
     if (m_rows.list())
-        exportCsv(m_rows.all());
+        exportCsv(ListedRows::Choice());
 }
 
 void ExportController::exportCSVFileFromAction(const QList<QTreeWidgetItem*>& selectedItems)
 {
     if (m_rows.list())
-        exportCsv(m_rows.of(selectedItems));
+        exportCsv(ListedRows::Choice(selectedItems));
 }
 
 void ExportController::exportVantorFile()
@@ -48,19 +48,19 @@ void ExportController::exportVantorFileFromAction(const QList<QTreeWidgetItem*>&
         exportVantor(m_rows.of(selectedItems));
 }
 
-void ExportController::exportCsv(const QVector<RecordingRow>& rows)
+void ExportController::exportCsv(const ListedRows::Choice& rows)
 {
     const QString path = askForPath(QStringLiteral("CSV Export File"), SettingKeys::exportCSVPath);
     if (path.isEmpty())
         return;
     const auto unassigned =
         hasProposals() ? ClassChoice::Unassigned::ByDetection : ClassChoice::Unassigned::AsOne;
-    exportcsvDialog dialog(&m_window, ClassChoice::text(rows, unassigned));
+    exportcsvDialog dialog(&m_window, m_rows.classText(rows, unassigned));
     if (dialog.exec() != QDialog::Accepted)
         return;
     CsvExport choice = dialog.choice();
     choice.unassigned = unassigned;
-    write(path, choice.text(rows), SettingKeys::exportCSVPath);
+    write(path, choice.text(m_rows.read(rows)), SettingKeys::exportCSVPath);
 }
 
 void ExportController::exportVantor(const QVector<RecordingRow>& rows)

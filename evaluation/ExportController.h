@@ -35,7 +35,7 @@ public:
     void exportVantorFileFromAction(const QList<QTreeWidgetItem*>& selectedItems);
 
 private:
-    void exportCsv(const QVector<RecordingRow>& rows);
+    void exportCsv(const ListedRows::Choice& rows);
     void exportVantor(const QVector<RecordingRow>& rows);
     bool chooseClasses(const QVector<RecordingRow>& rows, QStringList& names, TimeZoneChoice& time);
     bool chooseSpecies(QStringList& names, TimeZoneChoice& time);

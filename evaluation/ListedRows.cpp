@@ -3,7 +3,6 @@
 #include "recordings/RecordingSession.h"
 #include "recordings/rows/RowItem.h"
 
-#include <QSet>
 #include <QTreeWidget>
 
 const QTreeWidget* ListedRows::list() const
@@ -13,23 +12,32 @@ const QTreeWidget* ListedRows::list() const
     return m_session.viewMode == 1 ? &m_folderList : &m_evaluationList;
 }
 
-QVector<RecordingRow> ListedRows::all() const
+void ListedRows::visit(const Choice& choice, const std::function<void(const QTreeWidgetItem&)>& work) const
+{
+    const int count = list() ? list()->topLevelItemCount() : 0;
+    for (int i = 0; i < count; ++i)
+        if (const QTreeWidgetItem* item = list()->topLevelItem(i); choice.contains(item))
+            work(*item);
+}
+
+QVector<RecordingRow> ListedRows::read(const Choice& choice) const
 {
     QVector<RecordingRow> rows;
-    const int count = list() ? list()->topLevelItemCount() : 0;
-    rows.reserve(count);
-    for (int i = 0; i < count; ++i)
-        rows.append(RowItem::read(*list()->topLevelItem(i)));
+    visit(choice, [&rows](const QTreeWidgetItem& item) { rows.append(RowItem::read(item)); });
     return rows;
 }
 
-QVector<RecordingRow> ListedRows::of(const QList<QTreeWidgetItem*>& items) const
+QString ListedRows::classText(const Choice& choice, ClassChoice::Unassigned unassigned) const
 {
-    QVector<RecordingRow> rows;
-    const QSet<const QTreeWidgetItem*> wanted(items.cbegin(), items.cend());
-    const int count = list() ? list()->topLevelItemCount() : 0;
-    for (int i = 0; i < count; ++i)
-        if (wanted.contains(list()->topLevelItem(i)))
-            rows.append(RowItem::read(*list()->topLevelItem(i)));
-    return rows;
+    ClassChoice::Tally tally(unassigned);
+    const bool byDetection = unassigned == ClassChoice::Unassigned::ByDetection;
+    visit(choice, [&tally, byDetection](const QTreeWidgetItem& item) {
+        ClassRecord record;
+        if (byDetection)
+            record.autoClass = item.text(RowItem::Proposal);
+        for (std::size_t slot = 0; slot < record.classes.size(); ++slot)
+            record.classes[slot] = item.text(RowItem::Class1 + static_cast<int>(slot));
+        tally.add(record);
+    });
+    return tally.text();
 }

@@ -2,8 +2,6 @@
 
 #include "classes/core/ClassTree.h"
 
-#include <QHash>
-
 #include <algorithm>
 
 namespace ClassChoice {
@@ -18,38 +16,55 @@ bool isDetectedNoCall(const ClassRecord& record, Unassigned unassigned)
     return unassigned == Unassigned::ByDetection && record.isUnassigned() && record.proposesNoCall();
 }
 
+namespace {
+
+/// Calls visit(name) for the names that a recording counts for, each once.
+template <typename Visit>
+void visitNames(const ClassRecord& record, Unassigned unassigned, Visit visit)
+{
+    if (record.isUnassigned())
+        visit(isDetectedNoCall(record, unassigned) ? detectedNoCall() : ClassTree::unassigned());
+    const auto& classes = record.classes;
+    for (auto name = classes.cbegin(); name != classes.cend(); ++name)
+        if (!name->isEmpty() && std::find(classes.cbegin(), name, *name) == name)
+            visit(*name);
+}
+
+} // namespace
+
 QStringList namesOf(const ClassRecord& record, Unassigned unassigned)
 {
-    if (isDetectedNoCall(record, unassigned))
-        return {detectedNoCall()};
     QStringList names;
-    if (record.isUnassigned())
-        names.append(ClassTree::unassigned());
-    for (const QString& name : record.classes)
-        if (!name.isEmpty() && !names.contains(name))
-            names.append(name);
+    visitNames(record, unassigned, [&names](const QString& name) { names.append(name); });
     return names;
+}
+
+void Tally::add(const ClassRecord& record)
+{
+    visitNames(record, m_unassigned, [this](const QString& name) {
+        auto index = m_indexOf.constFind(name);
+        if (index == m_indexOf.constEnd()) {
+            index = m_indexOf.insert(name, m_found.size());
+            m_found.append({name, 0});
+        }
+        ++m_found[*index].count;
+    });
+}
+
+QString Tally::text() const
+{
+    QString text;
+    for (const Line& line : m_found)
+        text += line.name + QLatin1Char('\t') + QString::number(line.count) + QLatin1Char('\n');
+    return text;
 }
 
 QString text(const QVector<RecordingRow>& rows, Unassigned unassigned)
 {
-    QHash<QString, int> indexOf;
-    QVector<Line> found;
-    for (const RecordingRow& row : rows) {
-        const QStringList names = namesOf(row.record, unassigned);
-        for (const QString& name : names) {
-            auto index = indexOf.constFind(name);
-            if (index == indexOf.constEnd()) {
-                index = indexOf.insert(name, found.size());
-                found.append({name, 0});
-            }
-            ++found[*index].count;
-        }
-    }
-    QString text;
-    for (const Line& line : std::as_const(found))
-        text += line.name + QLatin1Char('\t') + QString::number(line.count) + QLatin1Char('\n');
-    return text;
+    Tally tally(unassigned);
+    for (const RecordingRow& row : rows)
+        tally.add(row.record);
+    return tally.text();
 }
 
 QVector<Line> lines(const QString& text)

@@ -3,6 +3,7 @@
 
 #include "recordings/RecordingRow.h"
 
+#include <QHash>
 #include <QSet>
 #include <QStringList>
 #include <QVector>
@@ -33,8 +34,23 @@ bool isDetectedNoCall(const ClassRecord& record, Unassigned unassigned);
 /// The names that a recording counts for, each once.
 QStringList namesOf(const ClassRecord& record, Unassigned unassigned = Unassigned::AsOne);
 
-/// The text from which a dialog builds its list, a line "name TAB count LF" for each name that occurs, in
-/// order of first appearance.
+/// Counts recordings, for the text from which a dialog builds its list: a line "name TAB count LF" for each
+/// name that occurs, in order of first appearance.
+class Tally
+{
+public:
+    explicit Tally(Unassigned unassigned) : m_unassigned(unassigned) {}
+
+    void add(const ClassRecord& record);
+    QString text() const;
+
+private:
+    Unassigned m_unassigned;
+    QHash<QString, int> m_indexOf;
+    QVector<Line> m_found;
+};
+
+/// The text of all `rows`.
 QString text(const QVector<RecordingRow>& rows, Unassigned unassigned = Unassigned::AsOne);
 
 /// The lines of such a text. A TAB before the name marks a subclass; without a class before it, it is one

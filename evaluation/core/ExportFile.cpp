@@ -3,36 +3,44 @@
 #include "evaluation/core/NewFile.h"
 
 #include <QFileInfo>
-#include <QSaveFile>
+
+#include <algorithm>
 
 namespace {
 
-/// QSaveFile writes to a file of the same name with ".XXXXXX" at its end; names have up to 255 bytes.
-bool hasRoomForSuffix(const QString& path)
+/// Where the file stands that `path` names, which may be a link to it.
+QString realPath(const QString& path)
 {
-    return QFile::encodeName(QFileInfo(path).fileName()).size() <= 255 - 7;
+    const QString real = QFileInfo(path).canonicalFilePath();
+    return real.isEmpty() ? path : real;
 }
 
-bool save(const QString& path, const QByteArray& bytes)
+bool replace(NewFile& file, const QFileInfo& old, const QByteArray& bytes)
 {
-    QSaveFile file(path);
-    file.setDirectWriteFallback(true);
-    // Without a buffer, whose last bytes would be lost without an error on a full disk.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+    if (file.file().write(bytes) != bytes.size() || !file.synchronize())
         return false;
-    if (file.write(bytes) != bytes.size())
-        file.cancelWriting();
-    return file.commit();
+    if (old.exists())
+        file.file().setPermissions(old.permissions());
+    return file.takePlace();
 }
 
-bool saveUnderShortName(const QString& path, const QByteArray& bytes)
+/// For a file whose folder takes no new ones. What is written over is kept until the new text is complete:
+/// the room of the old one is still its own then, so that it can be put back on a full disk.
+bool overwrite(const QString& path, const QByteArray& bytes)
 {
-    const QFileInfo target(path);
-    if (target.exists() && (!target.isFile() || !target.isWritable()))
+    QFile file(path);
+    if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered))
         return false;
-    NewFile file(path);
-    return file.file().isOpen() && file.file().write(bytes) == bytes.size() && file.synchronize() &&
-           file.takePlace();
+    const qint64 oldSize = file.size();
+    const QByteArray old = file.read(std::min<qint64>(oldSize, bytes.size()));
+    if (old.size() < std::min<qint64>(oldSize, bytes.size()) || !file.seek(0))
+        return false;
+    if (file.write(bytes) == bytes.size() && file.resize(bytes.size()))
+        return true;
+    file.seek(0);
+    file.write(old);
+    file.resize(oldSize);
+    return false;
 }
 
 } // namespace
@@ -41,8 +49,13 @@ namespace ExportFile {
 
 bool write(const QString& path, const QString& text)
 {
+    const QString target = realPath(path);
+    const QFileInfo old(target);
+    if (old.exists() && (!old.isFile() || !old.isWritable()))
+        return false;
     const QByteArray bytes = text.toUtf8();
-    return hasRoomForSuffix(path) ? save(path, bytes) : saveUnderShortName(path, bytes);
+    NewFile file(target);
+    return file.file().isOpen() ? replace(file, old, bytes) : overwrite(target, bytes);
 }
 
 QString failureText()

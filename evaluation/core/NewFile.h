@@ -4,10 +4,12 @@
 #include <QFile>
 #include <QString>
 
-/// A file that comes into being complete or not at all: it is written under a short name of its own in the
-/// folder of its target and takes the target's place when it is complete. Until then an existing target stays
-/// as it is; a file that has not taken its place is removed. No power failure is thought of, see
-/// synchronize().
+/// A file that comes into being complete or not at all: it is written in the folder of its target and takes
+/// the target's place when it is complete. Until then an existing target stays as it is; a file that has not
+/// taken its place is removed. No power failure is thought of, see synchronize().
+///
+/// Until then it has no name, so that nothing is left of it however the program ends; where the system does
+/// not offer that, a short hidden one.
 class NewFile
 {
 public:
@@ -18,6 +20,7 @@ public:
     NewFile& operator=(const NewFile&) = delete;
 
     QFile& file() { return m_file; }
+    const QString& target() const { return m_target; }
 
     /// Waits until what was written is on the disk, where the system offers that.
     bool synchronize();
@@ -27,10 +30,16 @@ public:
     bool takePlace();
 
 private:
+    void openWithoutName(const QString& folder);
+    void openUnderHiddenName();
+    /// Gives a file without name the target's, where that is free, else a hidden one. False when it has none.
+    bool takeName();
+    void chooseHiddenName();
+
     QString m_target;
+    QString m_hiddenName; ///< path
     QFile m_file;
-    bool m_created = false;
-    bool m_tookPlace = false;
+    bool m_hasHiddenName = false;
 };
 
 #endif

@@ -1,6 +1,5 @@
 #include "evaluation/core/fileCopy.h"
 
-#include "evaluation/core/NewFile.h"
 #include "evaluation/core/filePath.h"
 
 #include <QDateTime>
@@ -11,6 +10,7 @@
 #ifdef Q_OS_LINUX
 #include <cerrno>
 #include <sys/sendfile.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -44,6 +44,18 @@ bool copyContents(QFile& source, NewFile& target, const std::atomic<bool>& stop)
     return left == 0;
 }
 
+/// By hand, since Qt asks for each permission and takes the time through the computer's zone.
+void copyAttributes(const QFile& source, NewFile& target)
+{
+    struct stat status
+    {};
+    if (::fstat(source.handle(), &status) != 0)
+        return;
+    const timespec times[] = {{0, UTIME_OMIT}, status.st_mtim};
+    ::futimens(target.file().handle(), times);
+    ::fchmod(target.file().handle(), status.st_mode & 0777);
+}
+
 #else
 
 bool copyContents(QFile& source, NewFile& target, const std::atomic<bool>& stop)
@@ -56,23 +68,34 @@ bool copyContents(QFile& source, NewFile& target, const std::atomic<bool>& stop)
            target.file().size() == source.size();
 }
 
+void copyAttributes(const QFile& source, NewFile& target)
+{
+    target.file().setFileTime(source.fileTime(QFileDevice::FileModificationTime),
+                              QFileDevice::FileModificationTime);
+    target.file().setPermissions(source.permissions());
+}
+
 #endif
 
 } // namespace
 
-bool copyFile(const QString& source, const QString& target, const std::atomic<bool>& stop)
+std::unique_ptr<NewFile> prepareCopy(const QString& source, const QString& target,
+                                     const std::atomic<bool>& stop)
 {
     QFile in(source);
     if (!QFileInfo(source).isFile() || isSameFile(source, target) ||
         !in.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return false;
-    NewFile copy(target);
-    if (!copy.file().isOpen() || !copyContents(in, copy, stop))
-        return false;
-    copy.file().setFileTime(in.fileTime(QFileDevice::FileModificationTime),
-                            QFileDevice::FileModificationTime);
-    copy.file().setPermissions(in.permissions());
-    if (QFileInfo::exists(target) && !copy.synchronize())
+        return nullptr;
+    auto copy = std::make_unique<NewFile>(target);
+    if (!copy->file().isOpen() || !copyContents(in, *copy, stop))
+        return nullptr;
+    copyAttributes(in, *copy);
+    return copy;
+}
+
+bool finishCopy(std::unique_ptr<NewFile> copy)
+{
+    if (!copy || (QFileInfo::exists(copy->target()) && !copy->synchronize()))
         return false; // the older file is worth the wait
-    return copy.takePlace();
+    return copy->takePlace();
 }

@@ -9,6 +9,7 @@
 #include <QCheckBox>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
@@ -39,9 +40,7 @@ private slots:
     void init();
     void cleanup();
     void copiesChosenClasses();
-    void asksBeforeOverwriting_data();
     void asksBeforeOverwriting();
-    void asksAboutErrors_data();
     void asksAboutErrors();
     void neverLosesFilesOfItsOwnFolder();
     void stopsOnCancel();
@@ -77,6 +76,7 @@ void tst_CopyController::init()
                                 m_window->prompts);
     m_worker = std::make_unique<CopyFilesThread>();
     connect(m_copy, &CopyController::copyFiles, m_worker.get(), &CopyFilesThread::copyFiles);
+    connect(m_copy, &CopyController::copyingEnded, m_worker.get(), &CopyFilesThread::endRun);
     connect(m_worker.get(), &CopyFilesThread::signalCopyFinished, m_copy, &CopyController::copyingFinished);
     m_thread = std::make_unique<QThread>();
     m_worker->moveToThread(m_thread.get());
@@ -103,55 +103,47 @@ void tst_CopyController::copyTo(const QString& folder, const QStringList& unchec
     });
     m_copy->copyFilesToOtherFolder();
     QTRY_VERIFY(!m_copy->isRunning());
+    // The worker has done what it was told last.
+    QMetaObject::invokeMethod(
+        m_worker.get(), [] {}, Qt::BlockingQueuedConnection);
 }
 
 void tst_CopyController::copiesChosenClasses()
 {
     m_window->settings.setValue(SettingKeys::copyFilesPath, m_to->path());
+    const QSignalSpy running(m_copy, &CopyController::runningChanged);
     copyTo(m_to->path(), {"Pip", "Unassigned"});
+    QCOMPARE(QList<QVariantList>(running), QList<QVariantList>({{true}, {false}}));
     QCOMPARE(m_dialogs->asked.value(0).section('|', 0, 1), "Copy Files to Folder|" + m_to->path());
     QCOMPARE(copied(), QStringList({"a.wav", "d.wav"}));
     QCOMPARE(folderContents(m_from->path()).size(), 4);
 }
 
-void tst_CopyController::asksBeforeOverwriting_data()
-{
-    QTest::addColumn<int>("answer");
-    QTest::addColumn<QString>("names");
-    QTest::addColumn<QByteArray>("ofB");
-    QTest::newRow("yes") << int(Answer::Yes) << "a.wav b.wav c.wav d.wav" << QByteArray("sound of b.wav");
-    QTest::newRow("no") << int(Answer::No) << "a.wav b.wav c.wav d.wav" << QByteArray("older");
-    QTest::newRow("cancel") << int(Answer::Cancel) << "b.wav" << QByteArray("older");
-}
-
 void tst_CopyController::asksBeforeOverwriting()
 {
-    QFETCH(int, answer);
-    QFETCH(QByteArray, ofB);
     QVERIFY(writeBytes(m_to->filePath("b.wav"), "older"));
-    m_window->prompts.willAnswer(Answer(answer));
-    copyTo(m_to->path());
-    QCOMPARE(m_window->prompts.takeAsked(), overwriteQuestion);
-    QTEST(copied().join(' '), "names");
-    QCOMPARE(bytesOf(m_to->filePath("b.wav")), ofB);
-}
-
-void tst_CopyController::asksAboutErrors_data()
-{
-    QTest::addColumn<int>("answer");
-    QTest::addColumn<QString>("names");
-    QTest::newRow("go on") << int(Answer::Ok) << "a.wav c.wav d.wav";
-    QTest::newRow("cancel") << int(Answer::Cancel) << "a.wav";
+    for (const Answer answer : {Answer::Cancel, Answer::No, Answer::Yes}) {
+        m_window->prompts.willAnswer(answer);
+        copyTo(m_to->path());
+        QCOMPARE(m_window->prompts.takeAsked(), overwriteQuestion);
+        QCOMPARE(copied().join(' '), answer == Answer::Cancel ? "b.wav" : "a.wav b.wav c.wav d.wav");
+        QCOMPARE(bytesOf(m_to->filePath("b.wav")),
+                 QByteArray(answer == Answer::Yes ? "sound of b.wav" : "older"));
+    }
 }
 
 void tst_CopyController::asksAboutErrors()
 {
-    QFETCH(int, answer);
     QVERIFY(QFile::remove(m_from->filePath("b.wav")));
-    m_window->prompts.willAnswer(Answer(answer));
-    copyTo(m_to->path());
-    QCOMPARE(m_window->prompts.takeAsked(), errorQuestion("b.wav"));
-    QTEST(copied().join(' '), "names");
+    for (const Answer answer : {Answer::Cancel, Answer::Ok}) {
+        if (answer == Answer::Ok)
+            m_window->prompts.willAnswer(Answer::No); // a.wav is there from the first time
+        m_window->prompts.willAnswer(answer);
+        copyTo(m_to->path());
+        QStringList asked = m_window->prompts.takeAsked();
+        QCOMPARE(asked.takeLast(), errorQuestion("b.wav").first());
+        QCOMPARE(copied().join(' '), answer == Answer::Ok ? "a.wav c.wav d.wav" : "a.wav");
+    }
 }
 
 void tst_CopyController::neverLosesFilesOfItsOwnFolder()

@@ -42,15 +42,15 @@ private slots:
     void init();
     void copiesWholeFiles_data();
     void copiesWholeFiles();
-    void keepsTimeAndPermissions_data();
     void keepsTimeAndPermissions();
-    void leavesExistingFilesAlone();
     void neverReplacesAFileByItself();
-    void losesNothingOnAFullDisk();
-    void losesNothingWithoutPermission();
-    void refusesWhatCannotBeCopied_data();
+    void losesNothing_data();
+    void losesNothing();
     void refusesWhatCannotBeCopied();
     void reachesAnotherFileSystem();
+    void copiesAheadOutOfSight_data();
+    void copiesAheadOutOfSight();
+    void respectsWhatAppearedMeanwhile();
     void stopsForGood();
 
 private:
@@ -93,18 +93,10 @@ void tst_CopyFilesThread::copiesWholeFiles()
     QCOMPARE(bytesOf(from() + '/' + name), bytes);
 }
 
-void tst_CopyFilesThread::keepsTimeAndPermissions_data()
-{
-    QTest::addColumn<QDateTime>("changed");
-    QTest::newRow("plain") << QDateTime(QDate(2017, 8, 1), QTime(22, 15), Qt::UTC);
-    // The two times that Central European clocks show as 02:30.
-    QTest::newRow("double hour") << QDateTime(QDate(2020, 10, 25), QTime(0, 30), Qt::UTC);
-    QTest::newRow("double hour again") << QDateTime(QDate(2020, 10, 25), QTime(1, 30), Qt::UTC);
-}
-
 void tst_CopyFilesThread::keepsTimeAndPermissions()
 {
-    QFETCH(QDateTime, changed);
+    // The second of the two times that Central European clocks show as 02:30.
+    const QDateTime changed(QDate(2020, 10, 25), QTime(1, 30), Qt::UTC);
     QFile file(from() + "/a.wav");
     QVERIFY(file.open(QIODevice::ReadWrite));
     QVERIFY(file.setFileTime(changed, QFileDevice::FileModificationTime));
@@ -112,13 +104,6 @@ void tst_CopyFilesThread::keepsTimeAndPermissions()
     QVERIFY(copy(to(), from(), "a.wav"));
     QCOMPARE(QFileInfo(to() + "/a.wav").lastModified().toUTC(), changed);
     QCOMPARE(QFile::permissions(to() + "/a.wav"), file.permissions());
-}
-
-void tst_CopyFilesThread::leavesExistingFilesAlone()
-{
-    QVERIFY(writeBytes(to() + "/a.wav", oldSound));
-    QVERIFY(copy(to(), from(), "a.wav", false));
-    QCOMPARE(folderContents(to()), Contents({{"a.wav", oldSound}}));
 }
 
 void tst_CopyFilesThread::neverReplacesAFileByItself()
@@ -131,57 +116,38 @@ void tst_CopyFilesThread::neverReplacesAFileByItself()
     QCOMPARE(folderContents(from()), Contents({{"a.wav", sound}}));
 }
 
-void tst_CopyFilesThread::losesNothingOnAFullDisk()
+void tst_CopyFilesThread::losesNothing_data()
 {
-    QVERIFY(writeBytes(from() + "/b.wav", sound));
-    QVERIFY(writeBytes(to() + "/a.wav", oldSound));
-    {
-        const FullDisk disk(1000000);
-        QVERIFY(!copy(to(), from(), "a.wav"));
-        QVERIFY(!copy(to(), from(), "b.wav"));
-    }
-    QCOMPARE(folderContents(to()), Contents({{"a.wav", oldSound}}));
+    QTest::addColumn<bool>("fullDisk");
+    QTest::newRow("on a full disk") << true;
+    QTest::newRow("without permission") << false;
 }
 
-void tst_CopyFilesThread::losesNothingWithoutPermission()
+void tst_CopyFilesThread::losesNothing()
 {
+    QFETCH(bool, fullDisk);
     QVERIFY(writeBytes(from() + "/b.wav", sound));
     QVERIFY(writeBytes(to() + "/a.wav", oldSound));
-    QVERIFY(QFile::setPermissions(from(), QFile::Permissions(0x5055)));
-    QVERIFY(QFile::setPermissions(to(), QFile::Permissions(0x5055)));
+    for (const QString& folder : {from(), to()})
+        QVERIFY(QFile::setPermissions(folder, QFile::Permissions(fullDisk ? 0x7777 : 0x5055)));
     {
         const OrdinaryUser user;
+        const FullDisk disk(fullDisk ? 1000000 : RLIM_INFINITY);
         QVERIFY(!copy(to(), from(), "a.wav"));
         QVERIFY(!copy(to(), from(), "b.wav"));
     }
     QCOMPARE(folderContents(to()), Contents({{"a.wav", oldSound}}));
-}
-
-void tst_CopyFilesThread::refusesWhatCannotBeCopied_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("subfolder"); // of the target
-    QTest::newRow("source vanished") << "gone.wav"
-                                     << "";
-    QTest::newRow("source is a folder") << "folder.wav"
-                                        << "";
-    QTest::newRow("target folder vanished") << "a.wav"
-                                            << "/gone";
-    QTest::newRow("target is a folder") << "a.wav"
-                                        << "/with folder";
-    QTest::newRow("name too long") << QString(252, 'x') + ".wav"
-                                   << "";
-    QTest::newRow("no name") << ""
-                             << "";
 }
 
 void tst_CopyFilesThread::refusesWhatCannotBeCopied()
 {
-    QFETCH(QString, name);
-    QFETCH(QString, subfolder);
     QVERIFY(QDir(from()).mkdir("folder.wav"));
     QVERIFY(QDir(to()).mkpath("with folder/a.wav"));
-    QVERIFY(!copy(to() + subfolder, from(), name));
+    for (const QString& name :
+         {QStringLiteral("gone.wav"), QStringLiteral("folder.wav"), QString(252, 'x') + ".wav", QString()})
+        QVERIFY2(!copy(to(), from(), name), qPrintable(name));
+    for (const QString folder : {"/gone", "/with folder"}) // where a.wav is a folder
+        QVERIFY2(!copy(to() + folder, from(), "a.wav"), qPrintable(folder));
     QVERIFY(folderContents(to()).isEmpty() && folderContents(to() + "/with folder").isEmpty());
     QVERIFY(QFileInfo(to() + "/with folder/a.wav").isDir());
 }
@@ -197,14 +163,63 @@ void tst_CopyFilesThread::reachesAnotherFileSystem()
     QCOMPARE(folderContents(to()), Contents({{"a.wav", sound}}));
 }
 
+void tst_CopyFilesThread::copiesAheadOutOfSight_data()
+{
+    QTest::addColumn<QString>("then"); // after the first of three files was copied
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("the next one") << "a.wav b.wav c.wav|1"
+                                  << "a.wav b.wav";
+    QTest::newRow("another list") << "c.wav|0"
+                                  << "a.wav c.wav";
+    QTest::newRow("the run ends") << ""
+                                  << "a.wav";
+}
+
+void tst_CopyFilesThread::copiesAheadOutOfSight()
+{
+    QFETCH(QString, then);
+    QVERIFY(writeBytes(from() + "/b.wav", sound + 'b'));
+    QVERIFY(writeBytes(from() + "/c.wav", sound + 'c'));
+    CopyFilesThread worker;
+    worker.copyFiles(0, to(), from(), {"a.wav", "b.wav", "c.wav"}, false);
+    QCoreApplication::processEvents();
+    QCOMPARE(QDir(to()).entryList(QDir::Files), QStringList("a.wav"));
+    if (!then.isEmpty())
+        worker.copyFiles(then.section('|', 1).toInt(), to(), from(), then.section('|', 0, 0).split(' '),
+                         false);
+    worker.endRun();
+    QCoreApplication::processEvents();
+    QTEST(QStringList(folderContents(to()).keys()).join(' '), "shown");
+    for (const QString& name : folderContents(to()).keys())
+        QCOMPARE(bytesOf(to() + '/' + name), bytesOf(from() + '/' + name));
+}
+
+void tst_CopyFilesThread::respectsWhatAppearedMeanwhile()
+{
+    QVERIFY(writeBytes(from() + "/b.wav", sound));
+    const QStringList names{"a.wav", "b.wav"};
+    for (const bool overwrite : {false, true}) {
+        CopyFilesThread worker;
+        worker.copyFiles(0, to(), from(), names, overwrite);
+        QCoreApplication::processEvents();
+        QVERIFY(writeBytes(to() + "/b.wav", oldSound));
+        worker.copyFiles(1, to(), from(), names, overwrite);
+        QCOMPARE(folderContents(to()), Contents({{"a.wav", sound}, {"b.wav", overwrite ? sound : oldSound}}));
+        QVERIFY(QFile::remove(to() + "/b.wav"));
+    }
+}
+
 void tst_CopyFilesThread::stopsForGood()
 {
+    QVERIFY(writeBytes(from() + "/b.wav", sound));
     CopyFilesThread worker;
     QSignalSpy answers(&worker, &CopyFilesThread::signalCopyFinished);
+    worker.copyFiles(0, to(), from(), {"a.wav", "b.wav"}, false);
     worker.requestStop();
-    worker.copyFiles(0, to(), from(), {"a.wav"}, false);
-    QCOMPARE(answers.size(), 0);
-    QCOMPARE(folderContents(to()), Contents());
+    QCoreApplication::processEvents();
+    worker.copyFiles(1, to(), from(), {"a.wav", "b.wav"}, false);
+    QCOMPARE(answers.size(), 1);
+    QCOMPARE(folderContents(to()), Contents({{"a.wav", sound}}));
 }
 
 QTEST_GUILESS_MAIN(tst_CopyFilesThread)

@@ -13,6 +13,7 @@ using Contents = QMap<QString, QByteArray>;
 
 const QByteArray oldBytes = "the old table";
 const QString longestName(255, 'x');
+const QFile::Permissions readOnly(0x5055);
 
 } // namespace
 
@@ -23,7 +24,8 @@ class tst_ExportFile : public QObject
 private slots:
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
     void writesWhole();
-    void keepsOldFileWhenDiskIsFull();
+    void losesNothingOnAFullDisk_data();
+    void losesNothingOnAFullDisk();
     void refusesWhatCannotBeWritten();
     void respectsPermissions();
 
@@ -42,36 +44,61 @@ void tst_ExportFile::writesWhole()
     for (const QString& name :
          {QStringLiteral("table.csv"), umlauts + QString(200 - umlauts.size(), 'x'), longestName}) {
         QVERIFY(ExportFile::write(path(name), "a longer text than the one that follows"));
+        QVERIFY(QFile::setPermissions(path(name), QFile::Permissions(0x6600)));
         QVERIFY(ExportFile::write(path(name), text));
+        QCOMPARE(QFile::permissions(path(name)), QFile::Permissions(0x6600));
         expected.insert(name, text.toUtf8());
     }
+    QVERIFY(QFile::link("table.csv", path("link.csv")));
+    QVERIFY(ExportFile::write(path("link.csv"), "through the link"));
+    QVERIFY(QFileInfo(path("link.csv")).isSymLink());
+    expected["table.csv"] = expected["link.csv"] = "through the link";
     QCOMPARE(contents(), expected);
 }
 
-void tst_ExportFile::keepsOldFileWhenDiskIsFull()
+void tst_ExportFile::losesNothingOnAFullDisk_data()
 {
-    QVERIFY(writeBytes(path("table.csv"), oldBytes));
-    QVERIFY(writeBytes(path(longestName), oldBytes));
-    const FullDisk disk(100000);
-    for (const QString& name : {QStringLiteral("table.csv"), longestName, QStringLiteral("new.csv")})
-        QVERIFY2(!ExportFile::write(path(name), QString(1000000, 'x')), qPrintable(name));
-    QCOMPARE(contents(), Contents({{"table.csv", oldBytes}, {longestName, oldBytes}}));
+    QTest::addColumn<bool>("folderTakesFiles");
+    QTest::addColumn<QByteArray>("old");
+    QTest::newRow("beside") << true << oldBytes;
+    QTest::newRow("in place") << false << oldBytes;
+    QTest::newRow("in place, longer than the room") << false << QByteArray(150000, 'o');
+    QTest::newRow("in place, longer than the text") << false << QByteArray(1500000, 'o');
+    QTest::newRow("in place, empty") << false << QByteArray();
+}
+
+void tst_ExportFile::losesNothingOnAFullDisk()
+{
+    QFETCH(bool, folderTakesFiles);
+    QFETCH(QByteArray, old);
+    for (const QString& name : {QStringLiteral("table.csv"), longestName}) {
+        QVERIFY(writeBytes(path(name), old));
+        QVERIFY(QFile::setPermissions(path(name), QFile::Permissions(0x6066)));
+    }
+    QVERIFY(
+        QFile::setPermissions(m_folder->path(), folderTakesFiles ? QFile::Permissions(0x7777) : readOnly));
+    {
+        const OrdinaryUser user;
+        const FullDisk disk(100000);
+        for (const QString& name : {QStringLiteral("table.csv"), longestName, QStringLiteral("new.csv")})
+            QVERIFY2(!ExportFile::write(path(name), QString(1000000, 'x')), qPrintable(name));
+    }
+    QCOMPARE(contents(), Contents({{"table.csv", old}, {longestName, old}}));
 }
 
 void tst_ExportFile::refusesWhatCannotBeWritten()
 {
     QVERIFY(QDir(m_folder->path()).mkdir("folder.csv"));
-    for (const QString& target :
-         {path("vanished/table.csv"), path("folder.csv"), QString(), path(longestName + 'x')})
+    for (const QString& target : {path("vanished/table.csv"), path("folder.csv"), QString(),
+                                  path(longestName + 'x'), QStringLiteral("/dev/null")})
         QVERIFY2(!ExportFile::write(target, "text"), qPrintable(target));
     QCOMPARE(contents(), Contents());
 }
 
 void tst_ExportFile::respectsPermissions()
 {
-    const QFile::Permissions readOnly(0x5055);
-    QVERIFY(writeBytes(path("open.csv"), oldBytes));
-    QVERIFY(writeBytes(path("closed.csv"), oldBytes));
+    for (const QString& name : {QStringLiteral("open.csv"), QStringLiteral("closed.csv")})
+        QVERIFY(writeBytes(path(name), oldBytes));
     QVERIFY(QFile::setPermissions(path("open.csv"), QFile::Permissions(0x6066)));
     QVERIFY(QFile::setPermissions(path("closed.csv"), readOnly));
     QVERIFY(QFile::setPermissions(m_folder->path(), readOnly));
@@ -79,7 +106,8 @@ void tst_ExportFile::respectsPermissions()
         const OrdinaryUser user;
         QVERIFY(!ExportFile::write(path("new.csv"), "text"));
         QVERIFY(!ExportFile::write(path("closed.csv"), "text"));
-        QVERIFY(ExportFile::write(path("open.csv"), "text")); // in place
+        for (const QString text : {"a longer text, in place", "text"})
+            QVERIFY(ExportFile::write(path("open.csv"), text));
     }
     QCOMPARE(contents(), Contents({{"closed.csv", oldBytes}, {"open.csv", "text"}}));
 }
