@@ -1,6 +1,6 @@
 #include "recordings/RecorderResult.h"
+#include "tests/support/TestFolder.h"
 
-#include <QTemporaryDir>
 #include <QtTest>
 
 class tst_RecorderResult : public QObject
@@ -10,20 +10,13 @@ class tst_RecorderResult : public QObject
 private slots:
     void proposal_data();
     void proposal();
-    void firstLineWithTheName_data();
     void firstLineWithTheName();
     void changedFileIsReadAgain();
-    void noFile();
 
 private:
-    QString stored(const QByteArray& text)
-    {
-        QFile file(m_folder.filePath(QStringLiteral("calls_ch1_files.txt")));
-        const bool written = file.open(QIODevice::WriteOnly) && file.write(text) == text.size();
-        return written ? file.fileName() : QString();
-    }
+    QString stored(const QByteArray& text) const { return m_folder.write("calls_ch1_files.txt", text); }
 
-    QTemporaryDir m_folder;
+    TestFolder m_folder;
 };
 
 void tst_RecorderResult::proposal_data()
@@ -33,8 +26,7 @@ void tst_RecorderResult::proposal_data()
     QTest::addColumn<QString>("species");
 
     const auto row = [](const char* name, const char* line, const char* groups, const char* species) {
-        QTest::newRow(name) << QByteArray(line) << QString::fromLatin1(groups)
-                            << QString::fromLatin1(species);
+        QTest::newRow(name) << QByteArray(line) << groups << species;
     };
     row("two groups", "a.wav\t1\t2\tbat\tPipistrelloid\t5\tNyctaloid\t7\tPpip\t9\tNnoc\t11\tEnil\t13",
         "Pip, Nyc", "Ppip, Nnoc, Enil");
@@ -53,33 +45,9 @@ void tst_RecorderResult::proposal()
     QFETCH(QByteArray, line);
     const QString file = stored("name\tof\tthe\tcolumns\n" + line + "\r\n\n");
     RecorderResult result;
-    const QString recording = QStringLiteral("/some/folder/a.wav");
+    const QString recording = "/some/folder/a.wav";
     QTEST(result.proposal(file, recording, RecorderResult::Mode::Groups), "groups");
     QTEST(result.proposal(file, recording, RecorderResult::Mode::Species), "species");
-}
-
-void tst_RecorderResult::firstLineWithTheName_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("plain") << "one.wav"
-                           << "1";
-    QTest::newRow("part of a longer name before it") << "wo.wav"
-                                                     << "2";
-    QTest::newRow("longer than any") << "xtwo.wav"
-                                     << "3";
-    QTest::newRow("beginning of a longer name") << "four.wav"
-                                                << "4";
-    QTest::newRow("other case") << "One.wav"
-                                << "";
-    QTest::newRow("upper-case suffix") << "five.WAV"
-                                       << "5";
-    QTest::newRow("not across lines") << "five.WAV\none.wav"
-                                      << "";
-    QTest::newRow("not in the file") << "six.wav"
-                                     << "";
-    QTest::newRow("any name") << ".wav"
-                              << "1";
 }
 
 /// The lines are numbered in the field of the first group.
@@ -92,31 +60,27 @@ void tst_RecorderResult::firstLineWithTheName()
                                 "four.wav\t\t\tbat\t9\t\t\n"
                                 "wo.wav\t\t\tbat\t9\t\t\n"
                                 "\t\t\tbat\t5\t\t\tfive.WAV");
-    QFETCH(QString, name);
+    // The second: part of a longer name before it. The fourth: beginning of a longer name.
+    const QVector<QPair<QString, QString>> expected = {
+        {"one.wav", "1"}, {"wo.wav", "2"},   {"xtwo.wav", "3"},         {"four.wav", "4"}, {".wav", "1"},
+        {"One.wav", ""},  {"five.WAV", "5"}, {"five.WAV\none.wav", ""}, {"six.wav", ""}};
     RecorderResult result;
-    QTEST(result.proposal(file, QStringLiteral("/") + name, RecorderResult::Mode::Groups), "expected");
+    for (const auto& [name, line] : expected)
+        QCOMPARE(name + result.proposal(file, '/' + name, RecorderResult::Mode::Groups), name + line);
 }
 
 void tst_RecorderResult::changedFileIsReadAgain()
 {
     RecorderResult result;
-    const auto proposal = [&] {
-        return result.proposal(m_folder.filePath(QStringLiteral("calls_ch1_files.txt")),
-                               QStringLiteral("a.wav"), RecorderResult::Mode::Groups);
+    const auto proposal = [&](const QString& file) {
+        return result.proposal(file, "a.wav", RecorderResult::Mode::Groups);
     };
-    stored("a.wav\t\t\tbat\tfirst\t\t");
-    QCOMPARE(proposal(), QStringLiteral("first"));
-    stored("a.wav\t\t\tbat\tsecond\t\t");
-    QCOMPARE(proposal(), QStringLiteral("second"));
-    QVERIFY(QFile::remove(m_folder.filePath(QStringLiteral("calls_ch1_files.txt"))));
-    QCOMPARE(proposal(), QString());
-}
-
-void tst_RecorderResult::noFile()
-{
-    RecorderResult result;
-    for (const QString& path : {QString(), m_folder.path(), m_folder.filePath(QStringLiteral("missing"))})
-        QCOMPARE(result.proposal(path, QStringLiteral("a.wav"), RecorderResult::Mode::Species), QString());
+    QCOMPARE(proposal(stored("a.wav\t\t\tbat\tfirst\t\t")), QString("first"));
+    const QString file = stored("a.wav\t\t\tbat\tsecond\t\t");
+    QCOMPARE(proposal(file), QString("second"));
+    QVERIFY(QFile::remove(file));
+    for (const QString& none : {file, QString(), m_folder.path()})
+        QCOMPARE(proposal(none), QString());
 }
 
 QTEST_APPLESS_MAIN(tst_RecorderResult)
