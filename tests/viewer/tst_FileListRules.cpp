@@ -61,20 +61,20 @@ void tst_FileListRules::comments_data()
     QTest::addColumn<bool>("accepted");
 
     const auto letters = [](int count) { return QString(count, 'c'); };
-    QTest::newRow("text") << "Pip|Pip|0|"
-                          << "two calls, 3 m + wind" << true;
-    QTest::newRow("nothing") << "Pip|old"
-                             << "" << true;
-    QTest::newRow("separator") << "Pip|"
-                               << "a|b" << false;
-    QTest::newRow("accent") << "Pip|" << QString::fromUtf8("K\xc3\xa4lte") << false;
-    QTest::newRow("fills the record") << '|' + letters(255) << QString(255, 'd') << true;
-    QTest::newRow("one too long") << "" << letters(256) << false;
-    QTest::newRow("classes take room") << "Pip + Ppyg|" << letters(245) << true;
-    QTest::newRow("classes take too much") << "Pip + Ppyg|" << letters(246) << false;
-    QTest::newRow("a proposal takes room") << "Pip|Nyc|0|" << letters(246) << true;
-    QTest::newRow("a proposal takes too much") << "Pip|Nyc|0|" << letters(247) << false;
-    QTest::newRow("no room at all") << letters(300) + '|' << "c" << false;
+    const auto row = [](const char* name, const QString& description, const QString& typed, bool accepted) {
+        QTest::newRow(name) << description << typed << accepted;
+    };
+    row("text", "Pip|Pip|0|", "two calls, 3 m + wind", true);
+    row("nothing", "Pip|old", "", true);
+    row("separator", "Pip|", "a|b", false);
+    row("accent", "Pip|", QString::fromUtf8("K\xc3\xa4lte"), false);
+    row("fills the record", '|' + letters(255), QString(255, 'd'), true);
+    row("one too long", "", letters(256), false);
+    row("classes take room", "Pip + Ppyg|", letters(245), true);
+    row("classes take too much", "Pip + Ppyg|", letters(246), false);
+    row("a proposal takes room", "Pip|Nyc|0|", letters(246), true);
+    row("a proposal takes too much", "Pip|Nyc|0|", letters(247), false);
+    row("no room at all", letters(300) + '|', "c", false);
 }
 
 void tst_FileListRules::comments()
