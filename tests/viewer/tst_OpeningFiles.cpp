@@ -13,7 +13,6 @@ private slots:
     void listsTheFourSpellings();
     void folderPaths();
     void tasksListAgain();
-    void resetAsksForProposals();
     void plansDrops_data();
     void plansDrops();
 
@@ -56,14 +55,8 @@ void tst_OpeningFiles::tasksListAgain()
     QCOMPARE(review.listedAgain().names, (QStringList{"k.wav", "m.wav"}));
     QCOMPARE(review.listedAgain().reviewMode, 1);
     QCOMPARE(dropped.listedAgain().names, QStringList{"m.wav"});
-}
-
-void tst_OpeningFiles::resetAsksForProposals()
-{
-    const FolderTask task = FolderTask::afterReset(m_folder.path(), 2);
-    QVERIFY(task.calcClasses && !task.hasRawFiles());
-    QCOMPARE(task.viewMode, 2);
-    QVERIFY(FolderTask::folderEvaluation(m_folder.path()).hasRawFiles());
+    const FolderTask reset = FolderTask::afterReset(folder.path(), 2);
+    QVERIFY(reset.calcClasses && reset.viewMode == 2 && !reset.hasRawFiles());
 }
 
 void tst_OpeningFiles::plansDrops_data()
