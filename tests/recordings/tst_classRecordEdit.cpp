@@ -40,50 +40,30 @@ QString printed(const RecordEdit& edit)
 
 } // namespace
 
+Q_DECLARE_METATYPE(RecordingRow)
+
 class tst_classRecordEdit : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void proposalsHidden_data();
-    void proposalsHidden();
-    void proposalsShown_data();
-    void proposalsShown();
+    void edits_data();
+    void edits();
     void fits();
-
-private:
-    static void columns()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("date");
-        QTest::addColumn<QString>("record");
-        QTest::addColumn<QString>("gesture");
-        QTest::addColumn<QString>("expected");
-    }
-    static void add(const char* label, const char* record, const char* gesture, const char* expected,
-                    const char* name = "a.WAV", const char* date = "01/05/24")
-    {
-        QTest::newRow(label) << name << date << record << gesture << expected;
-    }
-    static void check(bool showsProposals)
-    {
-        QFETCH(QString, name);
-        QFETCH(QString, date);
-        QFETCH(QString, record);
-        QFETCH(QString, gesture);
-        const RecordingRow row = {name, date, {}, {}, ClassRecord::parse(record), showsProposals};
-        const RecordEdit edit = applied(row, gesture);
-        QTEST(printed(edit), "expected");
-        if (edit.changesRow())
-            QCOMPARE(ClassRecord::parse(edit.description).text(), edit.record.text());
-        else
-            QVERIFY(edit.record == row.record);
-    }
 };
 
-void tst_classRecordEdit::proposalsHidden_data()
+void tst_classRecordEdit::edits_data()
 {
-    columns();
+    QTest::addColumn<RecordingRow>("row");
+    QTest::addColumn<QString>("gesture");
+    QTest::addColumn<QString>("expected");
+    bool showsProposals = false;
+    const auto add = [&showsProposals](const char* label, const char* record, const char* gesture,
+                                       const char* expected, const char* name = "a.WAV",
+                                       const char* date = "01/05/24") {
+        QTest::newRow(label) << RecordingRow{name, date, {}, {}, ClassRecord::parse(record), showsProposals}
+                             << gesture << expected;
+    };
     add("assign a first class", "", "assign Nyc", "Nyc|");
     add("assign a second class", "Pip|x", "assign Nyc", "Pip + Nyc|x");
     add("assign into a gap", "a +  + c|", "assign b", "a + b + c|");
@@ -124,16 +104,8 @@ void tst_classRecordEdit::proposalsHidden_data()
     add("RAW, unassign all", "a|x", "clear", "row: |x", "a.raw", "01/05/24");
     add("RAW, reset", "Pip|", "reset", "nothing", "a.raw", "01/05/24");
     add("RAW that is gone", "", "assign Pip", "impossible", "a.raw", "N/A");
-}
 
-void tst_classRecordEdit::proposalsHidden()
-{
-    check(false);
-}
-
-void tst_classRecordEdit::proposalsShown_data()
-{
-    columns();
+    showsProposals = true;
     add("assign No Call", "a + b|Nyc|0|x", "assign No Call", "No Call|Nyc|0|x");
     add("assign No call", "a + b|Nyc|0|x", "assign No call", "a + b + No call|Nyc|0|x");
     add("assign instead of No Call", "No Call|Nyc|0|", "assign Nyc", "Nyc|Nyc|1|", "a.wav", "N/A");
@@ -141,9 +113,16 @@ void tst_classRecordEdit::proposalsShown_data()
     add("reassign to No Call", "a + b|", "reassign 1>No Call", "No Call|");
 }
 
-void tst_classRecordEdit::proposalsShown()
+void tst_classRecordEdit::edits()
 {
-    check(true);
+    QFETCH(RecordingRow, row);
+    QFETCH(QString, gesture);
+    const RecordEdit edit = applied(row, gesture);
+    QTEST(printed(edit), "expected");
+    if (edit.changesRow())
+        QCOMPARE(ClassRecord::parse(edit.description).text(), edit.record.text());
+    else
+        QVERIFY(edit.record == row.record);
 }
 
 void tst_classRecordEdit::fits()
