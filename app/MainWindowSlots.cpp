@@ -204,6 +204,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 
 void MainWindow::dropEvent(QDropEvent* event)
 {
+    event->setDropAction(Qt::CopyAction); // else a source that proposed to move may delete its files
     m_opener->drop(event->mimeData()->urls());
 }
 

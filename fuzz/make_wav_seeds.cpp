@@ -9,26 +9,6 @@
 
 namespace {
 
-WavBytes::Bext bext()
-{
-    WavBytes::Bext fields;
-    fields.description = "Pip + Ppyg|Pip|0|two calls";
-    fields.originator = "recorder";
-    fields.originationDate = "2024-05-01";
-    fields.originationTime = "22:10:30";
-    fields.codingHistory = "A=PCM";
-    return fields;
-}
-
-WavBytes::Time time()
-{
-    WavBytes::Time fields;
-    fields.recDate = "02/29/24";
-    fields.date = "22:10:30";
-    fields.char3 = "tail";
-    return fields;
-}
-
 bool write(const QDir& folder, const char* name, const QByteArray& bytes)
 {
     QFile file(folder.filePath(QString::fromLatin1(name)));
@@ -39,8 +19,11 @@ bool writeSeeds(const QDir& folder)
 {
     const WavBytes format = WavBytes().fmt(384000);
     const WavBytes mono = WavBytes(format).data({1, -2, 3, -4});
-    const WavBytes rich =
-        WavBytes(mono).time(time()).bext(bext()).wamd("2024-05-01", "22:10:30", "x").spl(" 94 ");
+    const WavBytes rich = WavBytes(mono)
+                              .time(WavBytes::Time::ofRecorder())
+                              .bext(WavBytes::Bext::ofRecorder("Pip + Ppyg|Pip|0|two calls"))
+                              .wamd("2024-05-01", "22:10:30", "x")
+                              .spl(" 94 ");
     WavBytes::Format extended;
     extended.extension = QByteArray(2, '\0');
     return write(folder, "mono16.wav", mono.bytes()) &&

@@ -91,22 +91,22 @@ RecordingRow GetFileInfoThread::readHeader(const QString& path)
     m_file.load(path, true);
     const WavFields& wav = m_file.wav();
     RecordingRow row;
-    bool lengthKnown = false;
+    row.length = unknown();
     if (m_file.kind() == RecordingFile::Kind::Wav) {
-        lengthKnown = wav.fmtFound && wav.dataFound;
+        if (wav.fmtFound && wav.dataFound) // at 8 bits there can be more samples than an int counts
+            row.length = recordingLengthText(wav.frameCount(), wav.sampleRate, QLocale());
         row.date = wav.timeRecDate.isEmpty() ? shortDateFromIso(wav.bextDate) : wav.timeRecDate;
         row.time = wav.timeDate.isEmpty() ? wav.bextTime : wav.timeDate;
         row.record = ClassRecord::parse(wav.bextDescription);
     } else if (m_file.kind() == RecordingFile::Kind::Raw) {
-        lengthKnown = m_file.errorText().isEmpty();
+        if (m_file.errorText().isEmpty())
+            row.length = recordingLengthText(static_cast<quint32>(m_file.sampleSize()), RawReader::sampleRate,
+                                             QLocale());
         row.date = m_file.date();
         row.time = m_file.time();
     }
     row.date = orUnknown(row.date);
     row.time = orUnknown(row.time);
-    row.length = lengthKnown ? recordingLengthText(static_cast<quint32>(m_file.sampleSize()),
-                                                   static_cast<quint32>(m_file.sampleRate()), QLocale())
-                             : unknown();
     return row;
 }
 

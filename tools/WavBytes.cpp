@@ -20,6 +20,16 @@ void appendText(QByteArray& bytes, const QByteArray& text, int width)
 
 } // namespace
 
+WavBytes::Bext WavBytes::Bext::ofRecorder(const QByteArray& description)
+{
+    return {description, "a recorder", "reference", "2024-05-01", "22:10:30", "A=PCM"};
+}
+
+WavBytes::Time WavBytes::Time::ofRecorder()
+{
+    return {"one\xE9", -5, "03/14/24", "18:10:00", "two", 7, "03/15/24", "18:11:39", "the tail"};
+}
+
 WavBytes& WavBytes::fmt(std::uint32_t sampleRate, std::uint16_t bitsPerSample, std::uint16_t channels)
 {
     Format format;

@@ -43,6 +43,9 @@ public:
         QByteArray originationDate;     ///< 10 bytes, "yyyy-MM-dd"
         QByteArray originationTime;     ///< 8 bytes, "hh:mm:ss"
         QByteArray codingHistory;       ///< any length, stands after the 602 fixed bytes
+
+        /// All fields filled, of 1 May 2024, 22:10:30.
+        static Bext ofRecorder(const QByteArray& description);
     };
 
     /// The fields of a "TIME" chunk: two runs of 28 bytes and a tail. Texts are cut or zero-filled.
@@ -57,6 +60,9 @@ public:
         QByteArray secDate; ///< 8 bytes
         QByteArray secTime; ///< 8 bytes
         QByteArray char3;   ///< any length
+
+        /// All fields filled, of 14 March 2024, 18:10:00.
+        static Time ofRecorder();
     };
 
     /// A PCM format chunk of 16 bytes.

@@ -58,7 +58,7 @@ void FileListPane::setUpList()
     QHeaderView& header = *m_list.header();
     const int shortText = m_list.fontMetrics().horizontalAdvance(QStringLiteral("00:00:00 00"));
     for (const int column : {RowItem::Date, RowItem::Time, RowItem::Length})
-        header.resizeSection(column, std::max(shortText, header.sectionSizeHint(column)));
+        header.resizeSection(column, std::max(shortText, headerWidth(column)));
     header.setMinimumSectionSize(acceptColumnWidth);
     header.setSectionResizeMode(RowItem::Accepted, QHeaderView::Fixed);
     header.resizeSection(RowItem::Accepted, acceptColumnWidth);
@@ -107,7 +107,18 @@ void FileListPane::fitNameColumn(const QStringList& names)
         return;
     const int index = static_cast<int>(longest - names.cbegin());
     const int name = m_list.sizeHintForIndex(m_list.model()->index(index, RowItem::Name)).width();
-    m_list.setColumnWidth(RowItem::Name, std::max(name, m_list.header()->sectionSizeHint(RowItem::Name)));
+    m_list.setColumnWidth(RowItem::Name, std::max(name, headerWidth(RowItem::Name)));
+}
+
+/// What the header's text needs beside the arrow that shows the order of the rows.
+int FileListPane::headerWidth(int column) const
+{
+    QHeaderView& header = *m_list.header();
+    const bool arrowShown = header.isSortIndicatorShown();
+    header.setSortIndicatorShown(true);
+    const int width = header.sectionSizeHint(column);
+    header.setSortIndicatorShown(arrowShown);
+    return width;
 }
 
 void FileListPane::fillRow(int index, const RecordingRow& header)

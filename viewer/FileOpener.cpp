@@ -84,7 +84,8 @@ void FileOpener::drop(const QList<QUrl>& urls)
             m_prompts.inform(QStringLiteral("Information"), QStringLiteral("File type not supported."));
         break;
     case DropPlan::Kind::OneFolder:
-        takeFolder(plan.path);
+        if (mayAbort(true))
+            takeFolder(plan.path);
         break;
     case DropPlan::Kind::OneFile:
         if (mayAbort(false))

@@ -24,7 +24,7 @@ public:
     /// Owns nothing; `window` is the parent of the dialogs.
     FileOpener(QWidget& window, RecordingSession& session, SettingsStore& settings, UserPrompts& prompts);
 
-    /// Dropped files ask before they end what is being loaded: this says whether something is.
+    /// What is dropped asks before it ends what is being loaded: this says whether something is.
     void setLoadingCheck(std::function<bool()> isLoading);
 
     void openFile();

@@ -188,9 +188,11 @@ void tst_MainWindow::opensByDrop()
     QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(m_window.get(), &enter);
     QVERIFY(enter.isAccepted());
-    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(QPointF(50, 50), Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton,
+                    Qt::ShiftModifier);
     QSignalSpy painted(m_window.get(), &MainWindow::spectrogramPainted);
     QApplication::sendEvent(m_window.get(), &drop);
+    QCOMPARE(drop.dropAction(), Qt::CopyAction); // nobody is to delete what was only looked at
     QVERIFY(!painted.isEmpty() || painted.wait(patience));
     QVERIFY(m_window->windowTitle().startsWith(path));
 }

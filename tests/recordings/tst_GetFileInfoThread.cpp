@@ -2,11 +2,10 @@
 #include "dsp/FileClassification.h"
 #include "recordings/GetFileInfoThread.h"
 #include "tests/support/ScriptedPrompts.h"
+#include "tests/support/TestFolder.h"
 #include "tools/WavBytes.h"
 
 #include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QThread>
 #include <QtTest>
 
 #include <cmath>
@@ -30,18 +29,12 @@ std::vector<std::int16_t> passOfABat()
     return samples;
 }
 
-WavBytes::Bext bext(const QByteArray& description)
-{
-    WavBytes::Bext fields;
-    fields.description = description;
-    fields.originationDate = "2024-05-01";
-    fields.originationTime = "22:10:30";
-    return fields;
-}
-
 WavBytes recording(const QByteArray& description)
 {
-    return WavBytes().fmt(300000).data(std::vector<std::int16_t>(15000)).bext(bext(description));
+    return WavBytes()
+        .fmt(300000)
+        .data(std::vector<std::int16_t>(15000))
+        .bext(WavBytes::Bext::ofRecorder(description));
 }
 
 struct Request
@@ -66,17 +59,9 @@ private slots:
     void proposesAndWrites();
     void samplesThatCannotBeLoaded();
     void foreignCommentIsNotWrittenInto();
-    void chainOnAnotherThread();
     void stopped();
 
 private:
-    QString stored(const char* name, const QByteArray& bytes)
-    {
-        QFile file(m_folder.filePath(QString::fromLatin1(name)));
-        const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-        return written ? file.fileName() : QString();
-    }
-
     /// The one answer, its texts joined by ';': four classes, proposal, accepted, length, date, time,
     /// comment.
     QString answer(const QString& path, const Request& request = {})
@@ -85,79 +70,72 @@ private:
         QSignalSpy spy(&worker, &GetFileInfoThread::signalFileInfoHeaderFinished);
         worker.getFileHeaderInfo(7, path, request.calcClasses, request.resultFile, request.reviewMode);
         if (spy.size() != 1 || spy.at(0).at(0).toInt() != 7)
-            return QStringLiteral("%1 answers").arg(spy.size());
+            return QString("%1 answers").arg(spy.size());
         QStringList texts;
         for (int i = 1; i < spy.at(0).size(); ++i)
             texts.append(spy.at(0).at(i).toString());
-        return texts.join(QLatin1Char(';'));
+        return texts.join(';');
     }
 
-    static QString description(const QString& path)
+    QString description() const
     {
         WavReader reader;
-        reader.load(path, true);
+        reader.load(m_folder.path("a.wav"), true);
         return reader.bextDescription;
     }
 
-    QTemporaryDir m_folder;
+    TestFolder m_folder;
     ScriptedPrompts m_prompts;
 };
 
 void tst_GetFileInfoThread::header_data()
 {
-    QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("expected");
-    WavBytes::Time time;
-    time.recDate = "03/14/24";
-    time.date = "18:10:00";
+    QTest::addColumn<QString>("name");
     const WavBytes good = recording("Pip + Ppyg|Pip|0|two calls");
-    const QByteArray noDates = WavBytes().fmt(0).data({1}).bytes();
 
-    const auto row = [](const char* label, const char* name, const QByteArray& bytes, const char* expected) {
-        QTest::newRow(label) << QString::fromLatin1(name) << bytes << QString::fromUtf8(expected);
+    const auto row = [](const char* label, const QByteArray& bytes, const char* expected,
+                        const char* name = "a.wav") {
+        QTest::newRow(label) << bytes << QString::fromUtf8(expected) << name;
     };
-    row("bext", "a.wav", good.bytes(), "Pip;Ppyg;;;Pip;0;0.050;01/05/24;22:10:30;two calls");
-    row("TIME before bext", "a.WAV", WavBytes(good).time(time).bytes(),
-        "Pip;Ppyg;;;Pip;0;0.050;14/03/24;18:10:00;two calls");
-    row("wamd says nothing here", "a.wav",
-        WavBytes().fmt(300000).data({1}).wamd("2024-05-01", "22:10:30").bytes(), ";;;;;;0.000;N/A;N/A;");
-    row("no dates, no sample rate", "a.wav", noDates, ";;;;;;0.000;N/A;N/A;");
-    row("short record", "a.wav", recording("Nyc|old").bytes(), "Nyc;;;;;;0.050;01/05/24;22:10:30;old");
-    row("bytes beyond ASCII, widened with their sign", "a.wav", recording("\xc3\xa4").bytes(),
+    row("bext", good.bytes(), "Pip;Ppyg;;;Pip;0;0.050;01/05/24;22:10:30;two calls");
+    row("TIME before bext", WavBytes(good).time(WavBytes::Time::ofRecorder()).bytes(),
+        "Pip;Ppyg;;;Pip;0;0.050;14/03/24;18:10:00;two calls", "a.WAV");
+    row("wamd says nothing here", WavBytes().fmt(300000).data({1}).wamd("2024-05-01", "22:10:30").bytes(),
+        ";;;;;;0.000;N/A;N/A;");
+    row("no dates, no sample rate", WavBytes().fmt(0).data({1}).bytes(), ";;;;;;0.000;N/A;N/A;");
+    row("short record", recording("Nyc|old").bytes(), "Nyc;;;;;;0.050;01/05/24;22:10:30;old");
+    row("bytes beyond ASCII, widened with their sign", recording("\xc3\xa4").bytes(),
         "\xef\xbf\x83\xef\xbe\xa4;;;;;;0.050;01/05/24;22:10:30;");
-    row("broken behind the bext", "a.wav", WavBytes().bext(bext("Pip|")).raw("xyz").bytes(),
+    row("broken behind the bext", WavBytes().bext(WavBytes::Bext::ofRecorder("Pip|")).raw("xyz").bytes(),
         "Pip;;;;;;N/A;01/05/24;22:10:30;");
-    row("data cut", "a.wav", recording("Pip|").bytes().left(2000), ";;;;;;N/A;N/A;N/A;");
-    row("nonsense", "a.wav", QByteArray(600, 'x'), ";;;;;;N/A;N/A;N/A;");
-    row("empty", "a.wav", QByteArray(), ";;;;;;N/A;N/A;N/A;");
-    row("another suffix", "a.mp3", good.bytes(), ";;;;;;N/A;N/A;N/A;");
+    row("data cut", recording("Pip|").bytes().left(2000), ";;;;;;N/A;N/A;N/A;");
+    row("empty", "", ";;;;;;N/A;N/A;N/A;");
+    row("another suffix", good.bytes(), ";;;;;;N/A;N/A;N/A;", "a.mp3");
 }
 
 void tst_GetFileInfoThread::header()
 {
     QFETCH(QString, name);
     QFETCH(QByteArray, bytes);
-    const QString path = stored(qPrintable(name), bytes);
+    const QString path = m_folder.write(name, bytes);
     QTEST(answer(path), "expected");
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), bytes); // reading alone never writes
+    QCOMPARE(m_folder.bytes(name), bytes); // reading alone never writes
     QVERIFY(QFile::remove(path));
-    QCOMPARE(answer(path), QStringLiteral(";;;;;;N/A;N/A;N/A;"));
-    QCOMPARE(answer(m_folder.path()), QStringLiteral(";;;;;;N/A;N/A;N/A;"));
+    for (const QString& missing : {path, m_folder.path()})
+        QCOMPARE(answer(missing), QString(";;;;;;N/A;N/A;N/A;"));
 }
 
 void tst_GetFileInfoThread::rawFile()
 {
-    const QString path = stored("a.raw", QByteArray(250000, 'r')); // a quarter of a second
-    QFile file(path);
+    QFile file(m_folder.write("a.raw", QByteArray(250000, 'r'))); // a quarter of a second
     QVERIFY(file.open(QIODevice::ReadWrite));
     QVERIFY(file.setFileTime(QDateTime({2024, 5, 1}, {22, 10, 30}), QFileDevice::FileModificationTime));
     file.close();
-    QCOMPARE(answer(path), QStringLiteral(";;;;;;0.250;01/05/24;22:10:30;"));
-    QVERIFY(QFile::remove(path));
-    QCOMPARE(answer(path, {true}), QStringLiteral(";;;;;;N/A;N/A;N/A;"));
+    QCOMPARE(answer(file.fileName()), QString(";;;;;;0.250;01/05/24;22:10:30;"));
+    QVERIFY(file.remove());
+    QCOMPARE(answer(file.fileName(), {true}), QString(";;;;;;N/A;N/A;N/A;"));
 }
 
 void tst_GetFileInfoThread::vocabulary_data()
@@ -170,8 +148,7 @@ void tst_GetFileInfoThread::vocabulary_data()
 
     const auto row = [](const char* name, int mode, const char* record, const char* kind, const char* classes,
                         const char* written) {
-        QTest::newRow(name) << mode << QString::fromLatin1(record) << QString::fromLatin1(kind)
-                            << QString::fromLatin1(classes) << QString::fromLatin1(written);
+        QTest::newRow(name) << mode << record << kind << classes << written;
     };
     row("categorization knows all and keeps a proposal", -1, "PipPyg + NycMid + No Call|Pip|0|x", "",
         "PipPyg;NycMid;No Call;;Pip;0", "PipPyg + NycMid + No Call|Pip|0|x");
@@ -193,32 +170,33 @@ void tst_GetFileInfoThread::vocabulary()
     QFETCH(int, mode);
     QFETCH(QString, record);
     QFETCH(QString, kind);
-    const QString path = stored("a.wav", recording(record.toLatin1()).bytes());
+    const QString path = m_folder.write("a.wav", recording(record.toLatin1()).bytes());
     Request request{mode < 0};
     if (mode >= 0) {
-        request.resultFile = stored("calls_ch1_files.txt",
-                                    "a.wav\t\t\t" + kind.toLatin1() + "\tPipistrelloid\t\tNyctaloid\t\tNlow");
+        request.resultFile = m_folder.write(
+            "calls_ch1_files.txt", "a.wav\t\t\t" + kind.toLatin1() + "\tPipistrelloid\t\tNyctaloid\t\tNlow");
         request.reviewMode = mode;
     }
-    QTEST(answer(path, request).section(QLatin1Char(';'), 0, 5), "classes");
-    QTEST(description(path), "written");
+    QTEST(answer(path, request).section(';', 0, 5), "classes");
+    QTEST(description(), "written");
     QVERIFY(m_prompts.takeAsked().isEmpty());
 }
 
 void tst_GetFileInfoThread::proposesAndWrites()
 {
+    const WavBytes::Bext bext = WavBytes::Bext::ofRecorder("Nyc + x||0|note");
     const QString path =
-        stored("a.wav", WavBytes().fmt(300000).data(passOfABat()).bext(bext("Nyc + x||0|note")).bytes());
+        m_folder.write("a.wav", WavBytes().fmt(300000).data(passOfABat()).bext(bext).bytes());
     RecordingFile file;
     file.load(path);
     QStringList classes;
     const std::atomic<bool> stop{false};
     detectFileClasses(file.samples(), 16, 300000, stop, &classes);
     const QString proposal = proposeFileClass(classes);
-    QVERIFY(proposal.startsWith(QLatin1String("Pip")));
+    QVERIFY(proposal.startsWith("Pip"));
 
-    QCOMPARE(answer(path, {true}), QStringLiteral("Nyc;;;;%1;0;0.500;01/05/24;22:10:30;note").arg(proposal));
-    QCOMPARE(description(path), QStringLiteral("Nyc +  +  + |%1|0|note").arg(proposal));
+    QCOMPARE(answer(path, {true}), QString("Nyc;;;;%1;0;0.500;01/05/24;22:10:30;note").arg(proposal));
+    QCOMPARE(description(), QString("Nyc +  +  + |%1|0|note").arg(proposal));
     RecordingFile after;
     after.load(path);
     QCOMPARE(after.samples(), file.samples());
@@ -226,42 +204,21 @@ void tst_GetFileInfoThread::proposesAndWrites()
 
 void tst_GetFileInfoThread::samplesThatCannotBeLoaded()
 {
-    const QByteArray bytes = WavBytes().bext(bext("foreign||0|x")).fmt(300000, 16, 2).data({1, 2}).bytes();
-    const QString path = stored("stereo.wav", bytes);
-    QVERIFY(answer(path, {true}).startsWith(QLatin1String("foreign;;;;;0;N/A;")));
-    const QStringList asked = m_prompts.takeAsked();
-    QCOMPARE(asked.size(), 1);
-    QVERIFY(asked.first().endsWith(
-        QStringLiteral("|The file %1 could not be loaded.\nCategorization aborted!").arg(path)));
-    QCOMPARE(description(path), QStringLiteral("foreign||0|x"));
+    const WavBytes::Bext bext = WavBytes::Bext::ofRecorder("foreign||0|x");
+    const QString path =
+        m_folder.write("a.wav", WavBytes().bext(bext).fmt(300000, 16, 2).data({1, 2}).bytes());
+    QVERIFY(answer(path, {true}).startsWith("foreign;;;;;0;N/A;"));
+    QVERIFY(m_prompts.takeAsked().join("\n\n").endsWith(
+        QString("|The file %1 could not be loaded.\nCategorization aborted!").arg(path)));
+    QCOMPARE(description(), QString("foreign||0|x"));
 }
 
 void tst_GetFileInfoThread::foreignCommentIsNotWrittenInto()
 {
-    const QString path = stored("a.wav", recording("Nyc|a|b").bytes());
+    const QString path = m_folder.write("a.wav", recording("Nyc|a|b").bytes());
     for (int time = 0; time < 2; ++time)
-        QVERIFY(answer(path, {true}).endsWith(QLatin1String(";a|b")));
-    QCOMPARE(description(path), QStringLiteral("Nyc|a|b"));
-}
-
-/// Requests that were queued together are answered one by one and in order.
-void tst_GetFileInfoThread::chainOnAnotherThread()
-{
-    const QString path = stored("a.wav", recording("Pip|").bytes());
-    QThread thread;
-    auto* worker = new GetFileInfoThread(m_prompts);
-    worker->moveToThread(&thread);
-    connect(&thread, &QThread::finished, worker, &QObject::deleteLater);
-    QVector<int> answered;
-    connect(worker, &GetFileInfoThread::signalFileInfoHeaderFinished, this,
-            [&answered](int index) { answered.append(index); });
-    thread.start();
-    for (int index = 0; index < 3; ++index)
-        QMetaObject::invokeMethod(worker, "getFileHeaderInfo", Q_ARG(int, index), Q_ARG(QString, path),
-                                  Q_ARG(bool, false), Q_ARG(QString, QString()), Q_ARG(int, 1));
-    QTRY_COMPARE(answered, QVector<int>({0, 1, 2}));
-    thread.quit();
-    QVERIFY(thread.wait(5000));
+        QVERIFY(answer(path, {true}).endsWith(";a|b"));
+    QCOMPARE(description(), QString("Nyc|a|b"));
 }
 
 void tst_GetFileInfoThread::stopped()
@@ -269,9 +226,9 @@ void tst_GetFileInfoThread::stopped()
     GetFileInfoThread worker(m_prompts);
     QSignalSpy spy(&worker, &GetFileInfoThread::signalFileInfoHeaderFinished);
     worker.requestStop();
-    worker.getFileHeaderInfo(0, stored("a.wav", recording("Pip|").bytes()), true, QString(), 1);
+    worker.getFileHeaderInfo(0, m_folder.write("a.wav", recording("Pip|").bytes()), true, {}, 1);
     QVERIFY(spy.isEmpty());
-    QCOMPARE(description(m_folder.filePath(QStringLiteral("a.wav"))), QStringLiteral("Pip|"));
+    QCOMPARE(description(), QString("Pip|"));
 }
 
 QTEST_GUILESS_MAIN(tst_GetFileInfoThread)

@@ -1,9 +1,9 @@
 #include "recordings/RiffChunks.h"
 #include "recordings/WavReader.h"
+#include "tests/support/TestFolder.h"
 #include "tools/WavBytes.h"
 
 #include <QBuffer>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #ifdef Q_OS_UNIX
@@ -61,30 +61,10 @@ WavBytes mono()
 
 WavBytes::Bext bext()
 {
-    WavBytes::Bext fields;
-    fields.description = "Pip|Pip|1|";
-    fields.originator = "a recorder";
-    fields.originatorReference = "reference";
-    fields.originationDate = "2024-05-01";
-    fields.originationTime = "22:10:30";
-    fields.codingHistory = "A=PCM";
-    return fields;
+    return WavBytes::Bext::ofRecorder("Pip|Pip|1|");
 }
 
-WavBytes::Time time()
-{
-    WavBytes::Time fields;
-    fields.char1 = "one\xE9";
-    fields.number1 = -5;
-    fields.recDate = "03/14/24";
-    fields.date = "18:10:00";
-    fields.char2 = "two";
-    fields.number2 = 7;
-    fields.secDate = "03/15/24";
-    fields.secTime = "18:11:39";
-    fields.char3 = "the tail";
-    return fields;
-}
+const WavBytes::Time timeFields = WavBytes::Time::ofRecorder();
 
 } // namespace
 
@@ -98,12 +78,10 @@ private slots:
     void anyCutEndsInAMessage();
     void sampleWidth_data();
     void sampleWidth();
-    void longDataOfEveryWidth_data();
     void longDataOfEveryWidth();
     void formatFields();
     void bextTexts();
-    void timeChunk();
-    void wamdAndSplChunk();
+    void otherTexts();
     void brokenChunkKeepsWhatWasRead();
     void headerOnlyReadsNoSamples();
     void headerOnlyToleratesWhatItNeedNotConvert();
@@ -126,56 +104,46 @@ void tst_WavReader::message_data()
         QTest::newRow(name) << bytes << warning << true << true;
     };
     const auto kept = [](const char* name, const QByteArray& bytes, const char* text) {
-        QTest::newRow(name) << bytes << QString::fromLatin1(text) << true << false;
+        QTest::newRow(name) << bytes << text << true << false;
     };
     const auto bad = [](const char* name, const QByteArray& bytes, const char* text) {
-        QTest::newRow(name) << bytes << QString::fromLatin1(text) << false << false;
+        QTest::newRow(name) << bytes << text << false << false;
     };
     WavBytes::Format compressed, extended;
     compressed.compressionCode = 3;
     extended.extension = QByteArray(2, '\0');
     const QByteArray fmt = WavBytes::fmtPayload({});
     const QByteArray bextPayload = WavBytes::bextPayload(bext());
-    const QByteArray timePayload = WavBytes::timePayload(time());
+    const QByteArray timePayload = WavBytes::timePayload(timeFields);
     const QByteArray wamdPayload = WavBytes::wamdPayload("2024-05-01", "22:10:30");
-    const QString wrongSize = QStringLiteral("File size in header not identical to real file size.");
+    const QString wrongSize = QString("File size in header not identical to real file size.");
 
     good("plain", mono().bytes());
     good("wrong RIFF size", mono().riffSize(1).bytes(), wrongSize);
-    good("RIFF size near 4 GB", mono().riffSize(0xFFFFFFFF).bytes(), wrongSize);
     good(
         "chunks on both sides",
         WavBytes().chunk("LIST", "odd").bext(bext()).fmt(1).data({1, 2, 3, 4}).chunk("guan", "more").bytes());
     good("stray byte at the end", mono().raw("x").bytes());
-    good("three stray bytes, wrong size", mono().raw("dat").riffSize(1).bytes());
     good("unknown chunk past the end", mono().chunkClaiming("junk", 0xFFFFFFFF, "abc").bytes());
     good("SPL chunk past the end", mono().chunkClaiming("SPL ", 0xFFFFFFFF, "abc").bytes());
     good("bext chunk of 338 bytes", mono().chunk("bext", bextPayload.left(338)).bytes());
 
     bad("empty", "", "File is not a RIFF-WAV.");
-    bad("nonsense", "This is not a recording", "File is not a RIFF-WAV.");
     bad("big-endian kind", mono().tags("RIFX", "WAVE").bytes(), "File is not a RIFF-WAV.");
     bad("RIFF alone", "RIFF", "File is not a WAVE file.");
-    bad("half a RIFF size", "RIFF\1\2", "File is not a WAVE file.");
     bad("other form", mono().tags("RIFF", "AVI ").bytes(), "File is not a WAVE file.");
     bad("no chunks", WavBytes().bytes(), "");
     bad("id without size", WavBytes().raw("fmt ").bytes(), "Error while reading a chunk header size.");
-    bad("second fmt first", WavBytes().fmt(1).fmt(1).data({1}).bytes(), "More then one FMT chunks.");
     bad("fmt of 18 bytes", WavBytes().fmt(extended).data({1}).bytes(), "FMT format not supported.");
     bad("fmt of 15 bytes", WavBytes().chunk("fmt ", fmt.left(15)).data({1}).bytes(),
         "WAV file read error in FMT chunk.");
-    bad("fmt cut", WavBytes().fmt(1).bytes().chopped(3), "WAV file read error in FMT chunk.");
     bad("float", WavBytes().fmt(compressed).data({1}).bytes(), "Compression format not supported.");
     bad("stereo", WavBytes().fmt(1, 16, 2).data({1, 2}).bytes(), "Not more than 1 channel supported.");
-    bad("no channel", WavBytes().fmt(1, 16, 0).data({1, 2}).bytes(), "Not more than 1 channel supported.");
     bad("12 bits", WavBytes().fmt(1, 12).data({1, 2}).bytes(), "Data format not supported.");
     bad("0 bits", WavBytes().fmt(1, 0).data({1, 2}).bytes(), "Data format not supported.");
-    bad("64 bits", WavBytes().fmt(1, 64).data({1, 2, 3, 4}).bytes(), "Data format not supported.");
     bad("data before fmt", WavBytes().data({1, 2}).fmt(1).bytes(), "Data format not supported.");
     bad("data cut", mono().bytes().chopped(1), "WAV file read error in DATA chunk.");
     bad("data claims 4 GB", WavBytes().fmt(1).chunkClaiming("data", 0xFFFFFFFF, "abcd").bytes(),
-        "WAV file read error in DATA chunk.");
-    bad("cut data before fmt", WavBytes().chunkClaiming("data", 100, "abcd").bytes(),
         "WAV file read error in DATA chunk.");
     bad("zero-filled", WavBytes().raw(QByteArray(64, '\0')).bytes(), "");
     bad("padded odd chunk", WavBytes().chunk("LIST", "odd").raw(QByteArray(1, '\0')).fmt(1).data({1}).bytes(),
@@ -184,8 +152,6 @@ void tst_WavReader::message_data()
     kept("second fmt", mono().fmt(1).bytes(), "More then one FMT chunks.");
     kept("second data", mono().data({9}).bytes(), "Not more than one DATA chunk supported.");
     kept("half a size", mono().raw("junk\1\2\3").bytes(), "Error while reading a chunk header size.");
-    kept("stop replaces warning", mono().data({9}).riffSize(1).bytes(),
-         "Not more than one DATA chunk supported.");
     kept("second bext", mono().bext({}).bext({}).bytes(), "Not more than one BEXT chunk supported.");
     kept("bext of 337 bytes", mono().chunk("bext", bextPayload.left(337)).chunk("junk", "more").bytes(),
          "WAV file read error in BEXT chunk.");
@@ -195,13 +161,10 @@ void tst_WavReader::message_data()
     kept("second TIME", mono().time({}).time({}).bytes(), "Not more than one TIME chunk supported.");
     kept("TIME of 55 bytes", mono().chunk("TIME", timePayload.left(55)).chunk("junk", "more").bytes(),
          "WAV file read error in TIME chunk.");
-    kept("TIME cut", mono().time(time()).bytes().chopped(1), "WAV file read error in TIME chunk.");
     kept("second wamd", mono().wamd("", "").wamd("", "").bytes(), "Not more than one WAMD chunk supported.");
     kept("wamd of 85 bytes", mono().chunk("wamd", wamdPayload.left(85)).chunk("junk", "more").bytes(),
          "WAV file read error in WAMD chunk.");
     kept("wamd of 10 bytes", mono().chunk("wamd", "0123456789").chunk("junk", QByteArray(99, 'x')).bytes(),
-         "WAV file read error in WAMD chunk.");
-    kept("wamd cut behind the time", mono().wamd("", "", "tail").bytes().chopped(1),
          "WAV file read error in WAMD chunk.");
     kept("second SPL", mono().spl("1").spl("2").bytes(), "Not more than one SPL chunk supported.");
 }
@@ -221,20 +184,20 @@ void tst_WavReader::message()
     WavReader header;
     loadBytes(header, bytes, true);
     QVERIFY(header.samples.empty() && !header.valid);
-    if (errorText != QStringLiteral("Data format not supported."))
+    if (errorText != "Data format not supported.")
         QCOMPARE(header.errorText, errorText);
 }
 
 void tst_WavReader::anyCutEndsInAMessage()
 {
-    const QByteArray whole = mono().time(time()).bext(bext()).wamd("2024-05-01", "22:10:30").bytes();
+    const QByteArray whole = mono().time(timeFields).bext(bext()).wamd("2024-05-01", "22:10:30").bytes();
     WavReader reader;
     for (int size = 0; size < whole.size(); ++size) {
         loadBytes(reader, whole.left(size));
         const bool dataIsThere = size >= mono().bytes().size();
         QCOMPARE(reader.samples.size(), std::size_t(dataIsThere ? 4 : 0));
         const bool betweenChunks =
-            reader.errorText.isEmpty() || reader.errorText.startsWith(QStringLiteral("File size in header"));
+            reader.errorText.isEmpty() || reader.errorText.startsWith("File size in header");
         QVERIFY2(reader.valid == (dataIsThere && betweenChunks), qPrintable(QString::number(size)));
     }
 }
@@ -271,36 +234,24 @@ void tst_WavReader::sampleWidth()
     QVERIFY(reader.valid);
 }
 
-void tst_WavReader::longDataOfEveryWidth_data()
-{
-    QTest::addColumn<int>("width");
-    for (int width = 1; width <= 4; ++width)
-        QTest::addRow("%d bytes", width) << width;
-}
-
+/// Several reads, none of them even, of one value stored over and over.
 void tst_WavReader::longDataOfEveryWidth()
 {
-    QFETCH(int, width);
-    QByteArray stored;
-    quint32 noise = 1;
-    while (stored.size() < 300001) { // several reads, none of them even
-        noise = noise * 1664525u + 1013904223u;
-        stored.append(static_cast<char>(noise >> 24));
+    for (const int width : {1, 2, 3, 4}) {
+        QByteArray stored;
+        std::vector<int> values;
+        for (int i = 0; i < 300001 / width; ++i) {
+            const int value = i % 2 == 0 ? i % 128 : -(i % 128);
+            for (int byte = 0; byte < width; ++byte)
+                stored.append(static_cast<char>(value >> 8 * byte));
+            values.push_back(value);
+        }
+        values.erase(values.begin());
+        values.push_back(0);
+        WavReader reader;
+        loadBytes(reader, WavBytes().fmt(1, static_cast<quint16>(8 * width)).dataBytes(stored).bytes());
+        QVERIFY2(reader.samples == values, qPrintable(QString::number(width)));
     }
-    WavReader reader;
-    loadBytes(reader, WavBytes().fmt(1, static_cast<quint16>(8 * width)).dataBytes(stored).bytes());
-    const int frames = stored.size() / width;
-    QCOMPARE(reader.samples.size(), static_cast<std::size_t>(frames));
-    for (int i = 0; i + 1 < frames; ++i) {
-        quint32 word = 0;
-        for (int byte = (i + 2) * width - 1; byte >= (i + 1) * width; --byte)
-            word = word << 8 | static_cast<uchar>(stored.at(byte));
-        const int shift = 32 - 8 * width;
-        const int expected = static_cast<int>(word << shift) >> shift;
-        if (reader.samples[static_cast<std::size_t>(i)] != expected)
-            QFAIL(qPrintable(QStringLiteral("sample %1").arg(i)));
-    }
-    QCOMPARE(reader.samples.back(), 0);
 }
 
 void tst_WavReader::formatFields()
@@ -329,51 +280,39 @@ void tst_WavReader::bextTexts()
     loadBytes(reader, mono().chunk("bext", payload).bytes());
     QVERIFY(reader.bextFound);
     QCOMPARE(reader.bextSize, 607u);
-    QCOMPARE(reader.bextDescription,
-             QStringLiteral("Nyc|\x01\x7F") + QChar(0xFF80) + QChar(0xFFFF) + QStringLiteral("|end"));
+    QCOMPARE(reader.bextDescription, QString("Nyc|\x01\x7F") + QChar(0xFF80) + QChar(0xFFFF) + "|end");
     const QStringList others = {reader.bextOriginator, reader.bextReference, reader.bextDate, reader.bextTime,
                                 reader.bextCodingHistory};
-    QCOMPARE(others.join(QLatin1Char(';')), QStringLiteral("a recorder;reference;2024-05-01;22:10:30;A=PCM"));
+    QCOMPARE(others.join(';'), QString("a recorder;reference;2024-05-01;22:10:30;A=PCM"));
 }
 
-void tst_WavReader::timeChunk()
-{
-    WavReader reader;
-    loadBytes(reader, mono().time(time()).bytes());
-    QVERIFY(reader.timeFound);
-    QCOMPARE(reader.timeSize, 64u);
-    QCOMPARE(reader.timeNumber1, -5);
-    QCOMPARE(reader.timeNumber2, 7);
-    const QStringList texts = {reader.timeChar1,   reader.timeRecDate, reader.timeDate, reader.timeChar2,
-                               reader.timeSecDate, reader.timeSecTime, reader.timeChar3};
-    QCOMPARE(texts.join(QLatin1Char(';')),
-             QStringLiteral("one") + QChar(0xE9) +
-                 QStringLiteral(";14/03/24;18:10:00;two;03/15/24;18:11:39;the tail"));
-}
-
-void tst_WavReader::wamdAndSplChunk()
+void tst_WavReader::otherTexts()
 {
     WavReader reader;
     const QByteArray level = QByteArray(" 9") + '\0' + "4.5  x" + "beyond";
-    loadBytes(reader, mono().wamd("2024-05-01", "22:1\xFC:30", "tail").spl(level).bytes());
-    QVERIFY(reader.wamdFound && reader.splFound);
-    QCOMPARE(reader.wamdSize, 90u);
-    QCOMPARE(reader.wamdDate, QStringLiteral("2024-05-01"));
-    QCOMPARE(reader.wamdTime, QStringLiteral("22:1") + QChar(0xFC) + QStringLiteral(":30"));
-    QCOMPARE(reader.splSize, 15u);
-    QCOMPARE(reader.splValue, QStringLiteral("94.5"));
+    loadBytes(reader, mono().time(timeFields).wamd("2024-05-01", "22:1\xFC:30", "tail").spl(level).bytes());
+    QVERIFY(reader.timeFound && reader.wamdFound && reader.splFound);
+    const QVector<quint32> numbers = {reader.timeSize, reader.wamdSize, reader.splSize};
+    QCOMPARE(numbers, QVector<quint32>({64, 90, 15}));
+    QVERIFY(reader.timeNumber1 == -5 && reader.timeNumber2 == 7);
+    const QStringList texts = {reader.timeChar1,   reader.timeRecDate, reader.timeDate,  reader.timeChar2,
+                               reader.timeSecDate, reader.timeSecTime, reader.timeChar3, reader.wamdDate,
+                               reader.wamdTime,    reader.splValue};
+    QCOMPARE(texts.join(';'),
+             QString::fromUtf8("one\xC3\xA9;14/03/24;18:10:00;two;03/15/24;18:11:39;the tail;"
+                               "2024-05-01;22:1\xC3\xBC:30;94.5"));
 }
 
 void tst_WavReader::brokenChunkKeepsWhatWasRead()
 {
     WavReader reader;
     loadBytes(reader, mono().chunk("bext", WavBytes::bextPayload(bext()).left(260)).bytes());
-    QCOMPARE(reader.bextDescription, QStringLiteral("Pip|Pip|1|"));
+    QCOMPARE(reader.bextDescription, QString("Pip|Pip|1|"));
     QCOMPARE(reader.bextOriginator, QString());
     QVERIFY(!reader.bextFound);
-    loadBytes(reader, mono().time(time()).bytes().chopped(20));
-    QCOMPARE(reader.timeRecDate, QStringLiteral("14/03/24"));
-    QCOMPARE(reader.timeDate, QStringLiteral("18:10:00"));
+    loadBytes(reader, mono().time(timeFields).bytes().chopped(20));
+    QCOMPARE(reader.timeRecDate, QString("14/03/24"));
+    QCOMPARE(reader.timeDate, QString("18:10:00"));
     QVERIFY(!reader.timeFound);
 }
 
@@ -387,8 +326,8 @@ void tst_WavReader::headerOnlyReadsNoSamples()
     HollowFile file(head, 44 + qint64(dataSize) + tail.size(), tail);
     WavReader reader;
     reader.load(file, true);
-    QCOMPARE(reader.errorText, QStringLiteral("File size in header not identical to real file size."));
-    QCOMPARE(reader.bextDescription, QStringLiteral("Pip|Pip|1|"));
+    QCOMPARE(reader.errorText, QString("File size in header not identical to real file size."));
+    QCOMPARE(reader.bextDescription, QString("Pip|Pip|1|"));
     QCOMPARE(reader.frameCount(), dataSize / 2);
     QVERIFY(reader.samples.empty() && !reader.valid);
     QVERIFY(file.bytesRead <= qint64(8192));
@@ -399,7 +338,7 @@ void tst_WavReader::headerOnlyToleratesWhatItNeedNotConvert()
     WavReader reader;
     loadBytes(reader, WavBytes().data({1, 2}).fmt(250000, 12).bext(bext()).bytes(), true);
     QCOMPARE(reader.errorText, QString());
-    QCOMPARE(reader.bextDescription, QStringLiteral("Pip|Pip|1|"));
+    QCOMPARE(reader.bextDescription, QString("Pip|Pip|1|"));
     QCOMPARE(reader.sampleRate, 250000u);
     QCOMPARE(reader.dataSize, 4u);
 }
@@ -410,7 +349,7 @@ void tst_WavReader::shrinkingFileIsAReadError()
     HollowFile file(head, 44 + 400000, "");
     WavReader reader;
     reader.load(file, false);
-    QCOMPARE(reader.errorText, QStringLiteral("WAV file read error in DATA chunk."));
+    QCOMPARE(reader.errorText, QString("WAV file read error in DATA chunk."));
     QVERIFY(reader.samples.empty() && !reader.valid);
 }
 
@@ -427,17 +366,16 @@ void tst_WavReader::tooManyChunksEndTheWalk()
 
 void tst_WavReader::pathThatIsNoFile()
 {
-    const QTemporaryDir folder;
-    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("folder.wav")));
+    const TestFolder folder;
+    QVERIFY(QDir(folder.path()).mkdir("folder.wav"));
 #ifdef Q_OS_UNIX
-    QCOMPARE(mkfifo(QFile::encodeName(folder.filePath(QStringLiteral("pipe.wav"))).constData(), 0600), 0);
+    QCOMPARE(mkfifo(QFile::encodeName(folder.path("pipe.wav")).constData(), 0600), 0);
 #endif
     for (const char* name : {"missing.wav", "folder.wav", "pipe.wav"}) {
-        const QString path = folder.filePath(QString::fromLatin1(name));
         WavReader reader;
         loadBytes(reader, mono().bytes());
-        reader.load(path, false);
-        QCOMPARE(reader.errorText, QStringLiteral("Cannot open file '") + path + QStringLiteral("'"));
+        reader.load(folder.path(name), false);
+        QCOMPARE(reader.errorText, "Cannot open file '" + folder.path(name) + "'");
         QVERIFY(reader.samples.empty() && !reader.valid && !reader.riffFound);
     }
 }

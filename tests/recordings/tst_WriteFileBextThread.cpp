@@ -1,10 +1,10 @@
 #include "recordings/WavReader.h"
 #include "recordings/rows/RowItem.h"
 #include "recordings/rows/WriteFileBextThread.h"
+#include "tests/support/TestFolder.h"
 #include "tools/WavBytes.h"
 
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QThread>
 #include <QTreeWidget>
 #include <QtTest>
@@ -18,8 +18,8 @@ using Request = std::function<void(WriteFileBextThread&, const QString& folder, 
                                    const Items&)>;
 
 /// The class that every request is about.
-const QString nyc = QStringLiteral("Nyc");
-const QString pip = QStringLiteral("Pip");
+const QString nyc = "Nyc";
+const QString pip = "Pip";
 
 } // namespace
 
@@ -35,41 +35,33 @@ private slots:
     void init();
     void request_data();
     void request();
-    void failedWrite_data() { request_data(); }
-    void failedWrite();
     void exclusiveClassWhereProposalsAreShown();
     void abortingRunGetsNoAnswer();
     void requestWithoutItem();
     void otherThread();
     void rowRoundTrip();
-    void colours_data();
-    void colours();
 
 private:
-    /// A file with the record and its row, second of three in the list.
-    QTreeWidgetItem* addRow(const char* name, const char* record, const char* date = "01/05/24")
+    /// A file with the record and its row.
+    QTreeWidgetItem* addRow(const QString& name, const QByteArray& record)
     {
-        WavBytes::Bext bext;
-        bext.description = record;
-        QFile file(m_folder.filePath(QString::fromLatin1(name)));
-        if (!file.open(QIODevice::WriteOnly) ||
-            file.write(WavBytes().fmt(300000).data({1, 2}).bext(bext).bytes()) <= 0)
-            return nullptr;
-        auto* item = new QTreeWidgetItem(m_list.data(), {QString::fromLatin1(name)});
+        m_folder.write(name,
+                       WavBytes().fmt(300000).data({1, 2}).bext(WavBytes::Bext::ofRecorder(record)).bytes());
+        auto* item = new QTreeWidgetItem(m_list.data(), {name});
         RecordingRow row;
-        row.date = QString::fromLatin1(date);
-        row.record = ClassRecord::parse(QString::fromLatin1(record));
+        row.date = "01/05/24";
+        row.record = ClassRecord::parse(record);
         RowItem::write(*item, row);
         return item;
     }
-    QString description(const char* name) const
+    QString description(const QString& name) const
     {
         WavReader reader;
-        reader.load(m_folder.filePath(QString::fromLatin1(name)), true);
+        reader.load(m_folder.path(name), true);
         return reader.bextDescription;
     }
 
-    QTemporaryDir m_folder;
+    TestFolder m_folder;
     QScopedPointer<QTreeWidget> m_list;
     QScopedPointer<QTreeWidgetItem> m_class;
 };
@@ -79,7 +71,7 @@ void tst_WriteFileBextThread::init()
     m_list.reset(new QTreeWidget);
     m_list->setColumnCount(RowItem::ColumnCount);
     m_list->setColumnHidden(RowItem::Accepted, true);
-    m_class.reset(new QTreeWidgetItem({nyc, QStringLiteral("12"), QStringLiteral("<S>")}));
+    m_class.reset(new QTreeWidgetItem({nyc, "12", "<S>"}));
 }
 
 void tst_WriteFileBextThread::request_data()
@@ -89,7 +81,7 @@ void tst_WriteFileBextThread::request_data()
     QTest::addColumn<QString>("written");
     const auto row = [](const char* name, const Request& request, const char* answer, const char* written) {
         const QByteArray arguments = "QList<QTreeWidgetItem*>,bool)";
-        QTest::newRow(name) << request << answer + arguments << QString::fromLatin1(written);
+        QTest::newRow(name) << request << answer + arguments << written;
     };
     row(
         "assign", [](auto& w, auto& f, auto* c, auto& items) { w.writeFileBextExtended(1, f, c, items); },
@@ -108,70 +100,56 @@ void tst_WriteFileBextThread::request_data()
         "signalResetFile(int,QString,", "|x");
 }
 
-/// The second of three files is written, the others are not, and the answer carries the arguments back.
+/// The second of three files is written, the others are not, and the answer carries the arguments back. Once
+/// the file is gone, the same request fails; for a RAW file there is nothing to write.
 void tst_WriteFileBextThread::request()
 {
     QFETCH(Request, request);
     QFETCH(QByteArray, answer);
-    const Items items = {addRow("a.wav", "Pip|Pip|1|x"), addRow("b.WAV", "Pip|Pip|1|x"),
-                         addRow("c.wav", "Pip|Pip|1|x")};
+    const QString before = "Pip|Pip|1|x";
+    Items items;
+    for (const char* name : {"a.wav", "b.WAV", "c.raw"})
+        items.append(addRow(name, before.toLatin1()));
     WriteFileBextThread worker;
     QSignalSpy spy(&worker, ("2" + answer).constData());
-    QVERIFY(spy.isValid());
     request(worker, m_folder.path(), m_class.data(), items);
-    QCOMPARE(spy.size(), 1);
-    const QVariantList arguments = spy.takeFirst();
+    QTEST(description("b.WAV"), "written");
+    QVERIFY(QFile::remove(m_folder.path("b.WAV")));
+    request(worker, m_folder.path(), m_class.data(), items);
+    request(worker, m_folder.path(), m_class.data(), {items.at(0), items.at(2)});
+    QCOMPARE(spy.size(), 3);
+    QVERIFY(spy.at(0).last().toBool() && !spy.at(1).last().toBool() && spy.at(2).last().toBool());
+    const QVariantList& arguments = spy.at(0);
     QCOMPARE(arguments.at(0).toInt(), 1);
     QCOMPARE(arguments.at(1).toString(), m_folder.path());
     QCOMPARE(arguments.at(arguments.size() - 2).value<Items>(), items);
-    QVERIFY(arguments.last().toBool());
-    QTEST(description("b.WAV"), "written");
-    QCOMPARE(description("a.wav"), QStringLiteral("Pip|Pip|1|x"));
-    QCOMPARE(description("c.wav"), QStringLiteral("Pip|Pip|1|x"));
-    QCOMPARE(RowItem::read(*items.at(1)).record.text(), QStringLiteral("Pip|Pip|1|x")); // the window's task
-}
-
-void tst_WriteFileBextThread::failedWrite()
-{
-    QFETCH(Request, request);
-    QFETCH(QByteArray, answer);
-    const Items items = {addRow("a.wav", "Pip|"), addRow("b.wav", "Pip|Pip|1|x"), addRow("c.raw", "Pip|")};
-    QVERIFY(QFile::remove(m_folder.filePath(QStringLiteral("b.wav"))));
-    WriteFileBextThread worker;
-    QSignalSpy spy(&worker, ("2" + answer).constData());
-    request(worker, m_folder.path(), m_class.data(), items);
-    QCOMPARE(spy.size(), 1);
-    QVERIFY(!spy.at(0).last().toBool());
-    QVERIFY(!QFile::exists(m_folder.filePath(QStringLiteral("b.wav"))));
-
-    request(worker, m_folder.path(), m_class.data(), {items.at(0), items.at(2)}); // RAW: nothing to write
-    QCOMPARE(spy.size(), 2);
-    QVERIFY(spy.at(1).last().toBool());
-    QCOMPARE(description("c.raw"), QStringLiteral("Pip|"));
+    QVERIFY(!QFile::exists(m_folder.path("b.WAV")));
+    for (const char* untouched : {"a.wav", "c.raw"})
+        QCOMPARE(description(untouched), before);
+    QCOMPARE(RowItem::read(*items.at(1)).record.text(), before); // the window's task
 }
 
 void tst_WriteFileBextThread::exclusiveClassWhereProposalsAreShown()
 {
-    m_class->setText(0, QStringLiteral("No Call"));
+    m_class->setText(0, "No Call");
     const Items items = {addRow("a.wav", "Pip|Pip|1|x")};
     WriteFileBextThread worker;
-    m_list->setColumnHidden(RowItem::Accepted, false);
-    worker.writeFileBextExtended(0, m_folder.path(), m_class.data(), items);
-    QCOMPARE(description("a.wav"), QStringLiteral("No Call|Pip|0|x"));
-    m_list->setColumnHidden(RowItem::Accepted, true);
-    worker.writeFileBextExtended(0, m_folder.path(), m_class.data(), items);
-    QCOMPARE(description("a.wav"), QStringLiteral("Pip + No Call|Pip|0|x"));
+    for (const bool hidden : {false, true}) {
+        m_list->setColumnHidden(RowItem::Accepted, hidden);
+        worker.writeFileBextExtended(0, m_folder.path(), m_class.data(), items);
+        QCOMPARE(description("a.wav"), QString(hidden ? "Pip + No Call|Pip|0|x" : "No Call|Pip|0|x"));
+    }
 }
 
 void tst_WriteFileBextThread::abortingRunGetsNoAnswer()
 {
     const Items items = {addRow("a.wav", "Pip|")};
-    m_class->setText(1, QStringLiteral("Aborting"));
+    m_class->setText(1, "Aborting");
     WriteFileBextThread worker;
     QSignalSpy spy(&worker, &WriteFileBextThread::signalFileBextFinishedExtended);
     worker.writeFileBextExtended(0, m_folder.path(), m_class.data(), items);
     QVERIFY(spy.isEmpty());
-    QCOMPARE(description("a.wav"), QStringLiteral("Pip + Nyc|"));
+    QCOMPARE(description("a.wav"), QString("Pip + Nyc|"));
 }
 
 void tst_WriteFileBextThread::requestWithoutItem()
@@ -198,58 +176,23 @@ void tst_WriteFileBextThread::otherThread()
                               Q_ARG(QTreeWidgetItem*, m_class.data()), Q_ARG(QList<QTreeWidgetItem*>, items));
     QTRY_COMPARE(spy.size(), 1);
     QCOMPARE(spy.at(0).at(2).value<QTreeWidgetItem*>(), m_class.data());
-    QCOMPARE(description("a.wav"), QStringLiteral("Pip + Nyc|"));
+    QCOMPARE(description("a.wav"), QString("Pip + Nyc|"));
     thread.quit();
     QVERIFY(thread.wait(5000));
 }
 
 void tst_WriteFileBextThread::rowRoundTrip()
 {
-    QCOMPARE(RowItem::headerTexts().size(), int(RowItem::ColumnCount));
-    QTreeWidgetItem item(m_list.data(), {QStringLiteral("a.wav")});
-    RecordingRow row;
-    row.name = QStringLiteral("a.wav");
-    row.date = QStringLiteral("01/05/24");
-    row.time = QStringLiteral("22:10:30");
-    row.length = QStringLiteral("1.500");
-    row.record = ClassRecord::parse(QStringLiteral("a + b +  + d|Pip|1|note"));
-    RowItem::write(item, row);
-    QVERIFY(RowItem::read(item) == row);
     const QStringList texts = {"a.wav", "01/05/24", "22:10:30", "1.500", "Pip", "1",
                                "a",     "b",        "",         "d",     "note"};
+    QCOMPARE(RowItem::headerTexts().size(), texts.size());
+    QTreeWidgetItem item(m_list.data(), {"a.wav"});
+    const RecordingRow row = {"a.wav", "01/05/24", "22:10:30", "1.500",
+                              ClassRecord::parse("a + b +  + d|Pip|1|note")};
+    RowItem::write(item, row);
+    QVERIFY(RowItem::read(item) == row);
     for (int column = 0; column < texts.size(); ++column)
         QCOMPARE(item.text(column), texts.at(column));
-    QCOMPARE(item.textAlignment(3), int(Qt::AlignCenter));
-}
-
-void tst_WriteFileBextThread::colours_data()
-{
-    QTest::addColumn<QString>("record");
-    QTest::addColumn<QString>("colour");
-    QTest::newRow("accepted") << "Pip|Pip|1|"
-                              << "#7ab800";
-    QTest::newRow("assigned without") << "Nyc|Pip|0|"
-                                      << "#ff4500";
-    QTest::newRow("assigned, no proposal") << "Nyc|"
-                                           << "#ff4500";
-    QTest::newRow("neither") << "|x"
-                             << "#000000";
-    QTest::newRow("not accepted, no class") << "|Pip|0|"
-                                            << "#0000ff"; // as it was
-}
-
-void tst_WriteFileBextThread::colours()
-{
-    QFETCH(QString, record);
-    QFETCH(QString, colour);
-    QTreeWidgetItem item(m_list.data());
-    for (int column = 0; column < RowItem::ColumnCount; ++column)
-        item.setForeground(column, Qt::blue);
-    RowItem::writeRecord(item, ClassRecord::parse(record));
-    RowItem::applyColour(item);
-    for (int column = 0; column <= 9; ++column)
-        QCOMPARE(item.foreground(column).color().name(), colour);
-    QCOMPARE(item.foreground(10).color(), QColor(Qt::blue));
 }
 
 QTEST_MAIN(tst_WriteFileBextThread)

@@ -22,7 +22,6 @@ private slots:
     void sortsByWhatIsThereNow();
     void counts();
     void editsComments();
-    void commentsAreNotEdited();
     void acceptBox_data();
     void acceptBox();
 
@@ -55,6 +54,11 @@ void tst_FileListPane::beginsWithNames()
     QVERIFY(files.list.isColumnHidden(4) && files.list.isColumnHidden(5));
     files.pane.setProposalsShown(true);
     QCOMPARE(files.list.columnWidth(5), 15);
+
+    files.pane.beginLoading(names("a.wav")); // shorter than the header's text and the arrow beside it
+    files.pane.endLoading(true);
+    for (const int column : {0, 3})
+        QVERIFY(files.list.columnWidth(column) >= files.list.header()->sectionSizeHint(column));
 }
 
 void tst_FileListPane::fillsRows_data()
@@ -63,12 +67,15 @@ void tst_FileListPane::fillsRows_data()
     QTest::addColumn<QString>("description");
     QTest::addColumn<QBrush>("brush");
 
-    QTest::newRow("accepted") << Purpose::Assignment << "Pip + Nyc|Pip|1|calls"
-                              << QBrush(QColor(122, 184, 0));
-    QTest::newRow("assigned") << Purpose::Assignment << "Pip|Nyc|0|" << QBrush(QColor(255, 69, 0));
-    QTest::newRow("nothing") << Purpose::Assignment << "|c" << QBrush(Qt::black);
-    QTest::newRow("not accepted, nothing") << Purpose::Assignment << "|Nyc|0|" << QBrush();
-    QTest::newRow("opened folder") << Purpose::Folder << "Pip|Pip|1|" << QBrush();
+    const auto row = [](const char* name, Purpose purpose, const char* description, const QBrush& brush) {
+        QTest::newRow(name) << purpose << description << brush;
+    };
+    row("accepted", Purpose::Assignment, "Pip + Nyc|Pip|1|calls", QColor(122, 184, 0));
+    row("assigned", Purpose::Assignment, "Pip|Nyc|0|", QColor(255, 69, 0));
+    row("assigned, no proposal", Purpose::Assignment, "Pip|", QColor(255, 69, 0));
+    row("nothing", Purpose::Assignment, "|c", Qt::black);
+    row("not accepted, nothing", Purpose::Assignment, "|Nyc|0|", {});
+    row("opened folder", Purpose::Folder, "Pip|Pip|1|", {});
 }
 
 void tst_FileListPane::fillsRows()
@@ -146,8 +153,6 @@ void tst_FileListPane::counts()
     for (const int row : {0, 1, 4})
         files.pane.row(row)->setSelected(true);
     QCOMPARE(files.count.text(), QString("\n3 of 5\nitems selected"));
-    files.list.selectAll();
-    QCOMPARE(files.count.text(), QString("\n5 of 5\nitems selected"));
     while (files.pane.rowCount() > 1)
         delete files.pane.row(0);
     files.list.clearSelection();
@@ -180,19 +185,6 @@ void tst_FileListPane::editsComments()
     type("another", true);
     row->setText(10, "by the program");
     QCOMPARE(edits.size(), 1);
-}
-
-void tst_FileListPane::commentsAreNotEdited()
-{
-    RecordingSession session;
-    BareFileList files(Purpose::Folder, session);
-    files.pane.beginLoading(names("a.wav b.wav"));
-    files.pane.fillRow(1, headerRow("Pip|old"));
-    files.list.show();
-    files.pane.editComment(files.pane.row(0)); // header not read
-    session.busy = true;
-    files.pane.editComment(files.pane.row(1));
-    QVERIFY(!editor(files));
 }
 
 void tst_FileListPane::acceptBox_data()

@@ -1,6 +1,7 @@
 #include "base/SettingsStore.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TemporarySettings.h"
+#include "tests/support/TestFolder.h"
 #include "viewer/FileOpener.h"
 
 #include <QFileDialog>
@@ -18,7 +19,6 @@ private slots:
     void init();
     void dialogs_data();
     void dialogs();
-    void evaluationAsksForClasses_data();
     void evaluationAsksForClasses();
     void drops_data();
     void drops();
@@ -27,11 +27,11 @@ private slots:
 private:
     /// Answers the next dialog; an empty path cancels it.
     void answerDialog(const QString& title, const QString& path, const QString& expectedStart = {});
-    QString path(const QString& name) const { return m_folder.filePath(name); }
+    QString path(const QString& name) const { return m_folder.path(name); }
     QString takeOpened() { return std::exchange(m_opened, {}).join(", "); }
 
     TemporarySettings m_temporary;
-    QTemporaryDir m_folder;
+    TestFolder m_folder;
     QWidget m_window;
     RecordingSession m_session;
     SettingsStore m_settings;
@@ -45,9 +45,8 @@ void tst_FileOpener::initTestCase()
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     for (const char* name : {"night", "rawnight", "empty"})
         QVERIFY(QDir(m_folder.path()).mkdir(name));
-    for (const char* name : {"night/b.wav", "night/a.wav", "night/notes.txt", "rawnight/a.wav",
-                             "rawnight/b.RAW", "rawnight/c.raw"})
-        QVERIFY(QFile(path(name)).open(QIODevice::WriteOnly));
+    for (const char* name : {"night/b.wav", "night/a.wav", "night/notes.txt", "rawnight/b.RAW"})
+        m_folder.write(name);
     connect(&m_opener, &FileOpener::listInvalidated, this, [this] { m_opened << "single"; });
     connect(&m_opener, &FileOpener::recordingWanted, this,
             [this](const QString& file) { m_opened << QFileInfo(file).fileName(); });
@@ -86,26 +85,13 @@ void tst_FileOpener::dialogs_data()
     QTest::addColumn<QString>("chosen");
     QTest::addColumn<QString>("opened");
 
-    QTest::newRow("file") << "Open Bat Call File"
-                          << "filePath"
-                          << "night/b.wav"
-                          << "single, b.wav";
-    QTest::newRow("folder") << "Open Directory"
-                            << "folderPath"
-                            << "night"
-                            << "night mode 1: a.wav b.wav";
-    QTest::newRow("empty folder") << "Open Directory"
-                                  << "folderPath"
-                                  << "empty"
-                                  << "";
-    QTest::newRow("evaluation") << "Open Evaluation Folder"
-                                << "evaluationFolderPath"
-                                << "night"
-                                << "night mode 2: a.wav b.wav";
-    QTest::newRow("empty evaluation") << "Open Evaluation Folder"
-                                      << "evaluationFolderPath"
-                                      << "empty"
-                                      << "";
+    const auto row = [](const char* name, const char* title, const char* key, const char* chosen,
+                        const char* opened) { QTest::newRow(name) << title << key << chosen << opened; };
+    row("file", "Open Bat Call File", "filePath", "night/b.wav", "single, b.wav");
+    row("folder", "Open Directory", "folderPath", "night", "night mode 1: a.wav b.wav");
+    row("empty folder", "Open Directory", "folderPath", "empty", "");
+    row("evaluation", "Open Evaluation Folder", "evaluationFolderPath", "night", "night mode 2: a.wav b.wav");
+    row("empty evaluation", "Open Evaluation Folder", "evaluationFolderPath", "empty", "");
 }
 
 void tst_FileOpener::dialogs()
@@ -141,34 +127,19 @@ void tst_FileOpener::dialogs()
     trigger();
 }
 
-void tst_FileOpener::evaluationAsksForClasses_data()
-{
-    QTest::addColumn<QString>("folder");
-    QTest::addColumn<bool>("chosen");
-    QTest::addColumn<int>("warnings");
-    QTest::addColumn<QString>("opened");
-
-    QTest::newRow("cancelled") << "night" << false << 0 << "";
-    QTest::newRow("raw files warn once") << "rawnight" << true << 1 << "rawnight mode 2: a.wav b.RAW c.raw";
-}
-
 void tst_FileOpener::evaluationAsksForClasses()
 {
-    QFETCH(QString, folder);
-    QFETCH(bool, chosen);
-    QFETCH(int, warnings);
-    int asked = 0;
-    answerDialog("Open Evaluation Folder", path(folder));
-    m_opener.openFolderForEvaluation([&] {
-        ++asked;
-        return chosen;
-    });
-    QCOMPARE(asked, 1);
-    QTEST(takeOpened(), "opened");
-    const QStringList texts = m_prompts.takeAsked();
-    QCOMPARE(texts.filter("warning|Warning|You are evaluating a folder which contains raw-files. Pl").size(),
-             warnings);
-    QCOMPARE(texts.size(), warnings);
+    const auto evaluated = [this](const QString& folder, bool goOn) {
+        answerDialog("Open Evaluation Folder", path(folder));
+        m_opener.openFolderForEvaluation([goOn] { return goOn; });
+        return takeOpened();
+    };
+    QCOMPARE(evaluated("night", false), QString());
+    QVERIFY(m_prompts.takeAsked().isEmpty());
+    QCOMPARE(evaluated("rawnight", true), QString("rawnight mode 2: b.RAW"));
+    const QStringList asked = m_prompts.takeAsked();
+    QVERIFY(asked.size() == 1 && asked.first().startsWith("warning|Warning|You are evaluating a folder "
+                                                          "which contains raw-files. Please be aware"));
 }
 
 void tst_FileOpener::drops_data()
@@ -178,33 +149,29 @@ void tst_FileOpener::drops_data()
     QTest::addColumn<QString>("asked");
     QTest::addColumn<QString>("opened");
 
+    const auto row = [](const char* name, const QString& names, const char* loading, const QString& asked,
+                        const QString& opened) {
+        QTest::newRow(name) << names.split(' ') << loading << asked << opened;
+    };
     const QString one = "warning|Warning|Do you really want to abort current evaluation and load new file?";
-    const QString several =
-        "warning|Warning|Do you really want to abort current evaluation and load new files?";
+    const QString several = QString(one).replace("file?", "files?");
+    const QString noFiles = "warning|Warning|No Bat Call Files in Folder";
     const QString mixture =
         "information|Information|Do not load multiple folders or a mixture of files and folders.";
-    const QStringList a{"night/a.wav"};
-    const QStringList ba{"night/b.wav", "night/a.wav"};
+    const QString a = "night/a.wav";
+    const QString ba = "night/b.wav night/a.wav";
     const QString both = "night mode 1: a.wav b.wav";
-
-    QTest::newRow("file") << a << ""
-                          << ""
-                          << "single, a.wav";
-    QTest::newRow("file, loading") << a << "yes" << one << "single, a.wav";
-    QTest::newRow("file, refused") << a << "no" << one << "";
-    QTest::newRow("files") << ba << ""
-                           << "" << both;
-    QTest::newRow("files, loading") << ba << "yes" << several << both;
-    QTest::newRow("files, refused") << ba << "no" << several << "";
-    QTest::newRow("folder, loading") << QStringList{"night"} << "no"
-                                     << "" << both;
-    QTest::newRow("empty folder") << QStringList{"empty"} << ""
-                                  << "warning|Warning|No Bat Call Files in Folder"
-                                  << "";
-    QTest::newRow("other file") << QStringList{"night/notes.txt"} << ""
-                                << "information|Information|File type not supported."
-                                << "";
-    QTest::newRow("mixture, loading") << QStringList{"night/a.wav", "empty"} << "yes" << mixture << "";
+    row("file", a, "", "", "single, a.wav");
+    row("file, loading", a, "yes", one, "single, a.wav");
+    row("file, refused", a, "no", one, "");
+    row("files", ba, "", "", both);
+    row("files, loading", ba, "yes", several, both);
+    row("files, refused", ba, "no", several, "");
+    row("folder", "night", "", "", both);
+    row("folder, refused", "night", "no", several, "");
+    row("empty folder, loading", "empty", "yes", several + '\n' + noFiles, "");
+    row("other file", "night/notes.txt", "", "information|Information|File type not supported.", "");
+    row("mixture, loading", "night/a.wav empty", "yes", mixture, "");
 }
 
 void tst_FileOpener::drops()

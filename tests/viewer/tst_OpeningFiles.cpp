@@ -1,3 +1,4 @@
+#include "tests/support/TestFolder.h"
 #include "viewer/core/DropPlan.h"
 #include "viewer/core/FolderTask.h"
 
@@ -12,12 +13,11 @@ private slots:
     void listsTheFourSpellings();
     void folderPaths();
     void tasksListAgain();
-    void resetAsksForProposals();
     void plansDrops_data();
     void plansDrops();
 
 private:
-    QTemporaryDir m_folder;
+    TestFolder m_folder;
 };
 
 void tst_OpeningFiles::initTestCase()
@@ -26,7 +26,7 @@ void tst_OpeningFiles::initTestCase()
     QVERIFY(folder.mkdir("sub.wav") && folder.mkdir("other"));
     for (const char* name :
          {"b.wav", "a.wav", "B.wav", "x.WAV", "y.RAW", "b.raw", "z.Wav", "notes.txt", "wav", "other/c.wav"})
-        QVERIFY(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
+        m_folder.write(name);
 }
 
 void tst_OpeningFiles::listsTheFourSpellings()
@@ -46,23 +46,17 @@ void tst_OpeningFiles::folderPaths()
 
 void tst_OpeningFiles::tasksListAgain()
 {
-    QTemporaryDir folder;
-    QVERIFY(QFile(folder.filePath("m.wav")).open(QIODevice::WriteOnly));
+    const TestFolder folder;
+    folder.write("m.wav");
     const FolderTask review = FolderTask::review(folder.path(), 1);
     const FolderTask dropped = FolderTask::droppedFiles(folder.path(), {"m.wav", "m.wav"});
     for (const char* name : {"k.wav", "n.raw"})
-        QVERIFY(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
+        folder.write(name);
     QCOMPARE(review.listedAgain().names, (QStringList{"k.wav", "m.wav"}));
     QCOMPARE(review.listedAgain().reviewMode, 1);
     QCOMPARE(dropped.listedAgain().names, QStringList{"m.wav"});
-}
-
-void tst_OpeningFiles::resetAsksForProposals()
-{
-    const FolderTask task = FolderTask::afterReset(m_folder.path(), 2);
-    QVERIFY(task.calcClasses && !task.hasRawFiles());
-    QCOMPARE(task.viewMode, 2);
-    QVERIFY(FolderTask::folderEvaluation(m_folder.path()).hasRawFiles());
+    const FolderTask reset = FolderTask::afterReset(folder.path(), 2);
+    QVERIFY(reset.calcClasses && reset.viewMode == 2 && !reset.hasRawFiles());
 }
 
 void tst_OpeningFiles::plansDrops_data()
@@ -94,7 +88,7 @@ void tst_OpeningFiles::plansDrops()
     QFETCH(QStringList, names);
     QList<QUrl> urls;
     for (const QString& name : names)
-        urls.append(name.startsWith("https") ? QUrl(name) : QUrl::fromLocalFile(m_folder.filePath(name)));
+        urls.append(name.startsWith("https") ? QUrl(name) : QUrl::fromLocalFile(m_folder.path(name)));
     const DropPlan plan = planDrop(urls);
     QTEST(static_cast<int>(plan.kind), "kind");
     QTEST(plan.names.join(' '), "listed");
