@@ -369,7 +369,7 @@ void MainWindow::connectClasses()
     connect(m_assigning, &Controller::signalResetFile, this, &MainWindow::signalResetFile);
     connect(m_assigning, &Controller::rowsInUseChanged, this, [this](bool inUse) {
         m_headers->setRowsHeld(inUse);
-        m_fileActions->setOpeningEnabled(!inUse);
+        m_fileActions->setRowsInUse(inUse);
     });
     connect(m_assigning, &Controller::rowToBeLoaded, m_evaluationNavigator, &RecordingNavigator::show);
     connect(m_assigning, &Controller::reloadAfterReset, m_headers,
