@@ -49,10 +49,9 @@ QAction* tst_ClassTreePane::entry(const QMenu& menu, const QString& text)
 void tst_ClassTreePane::showsATree()
 {
     ClassDesk desk("Pip<A> .Pnat<Q> Nyc", {"Pip|", "Pip + Pnat|", "|"});
-    const auto headers = [&](int column) { return desk.tree.headerItem()->text(column); };
-    QCOMPARE(headers(0) + '|' + headers(1) + '|' + headers(2) + '|' + headers(3),
-             QStringLiteral("class|count|shortcut|"));
-    QCOMPARE(ClassDesk::shown(desk.pane.classTree()), QStringLiteral("Pip<A> .Pnat<Q> Nyc"));
+    int column = 0;
+    for (const char* header : {"class", "count", "shortcut", ""})
+        QCOMPARE(desk.tree.headerItem()->text(column++), QString(header));
     QCOMPARE(desk.counts(), QStringLiteral("Pip=2 Pnat=1 Unassigned=1"));
     QVERIFY(desk.tree.topLevelItem(0)->isExpanded());
     const auto toolTip = [&](QTreeWidgetItem* item) {
@@ -65,8 +64,6 @@ void tst_ClassTreePane::showsATree()
     QCOMPARE(toolTip(desk.tree.topLevelItem(2)), QString());
     desk.pane.rename(desk.pane.itemOf("Pnat"), "Bat");
     QCOMPARE(toolTip(desk.pane.itemOf("Bat")), QStringLiteral("Assign selected file/s to subclass \"Bat\""));
-    QVERIFY(!desk.pane.itemOf(ClassTree::unassigned()));
-    QVERIFY(!desk.pane.itemOfShortcut(QString()));
 }
 
 void tst_ClassTreePane::menus()
@@ -123,6 +120,7 @@ void tst_ClassTreePane::addsAndChangesClasses_data()
     row("shortcut", "Pnat", "&Change shortcut", changing, "", "<Z>", "Pip<A> .Pnat<Z> Nyc<S>");
     row("no shortcut", "Pnat", "&Change shortcut", changing, "", "none", "Pip<A> .Pnat Nyc<S>");
     row("rename", "Pip", "&Rename class", "Rename class", "Nyc", "", before, exists);
+    row("rename below", "Pnat", "&Rename subclass", "Rename subclass", "Nyc", "", before, exists);
 }
 
 /// The same in the tree of the main window and in that of the model dialog.
@@ -166,20 +164,16 @@ void tst_ClassTreePane::namesThatAreRefused_data()
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("taken"); // empty: the dialog stays open
 
-    QTest::newRow("bar") << "a|b"
-                         << "ab";
-    QTest::newRow("separator of classes") << "a + b"
-                                          << "a +b";
-    QTest::newRow("separator of proposals") << "a, b"
-                                            << "a,b";
-    QTest::newRow("not ASCII") << QString::fromUtf8("Mäuse") << "Muse";
-    QTest::newRow("long") << QString(80, 'x') << QString(60, 'x');
-    QTest::newRow("ends in a plus") << "a +"
-                                    << "";
-    QTest::newRow("blanks") << "   "
-                            << "";
-    QTest::newRow("nothing") << ""
-                             << "";
+    const auto row = [](const QString& typed, const QString& taken) {
+        QTest::newRow(qPrintable(typed)) << typed << taken;
+    };
+    row("a|b", "ab");
+    row("a + b", "a +b");
+    row("a, b", "a,b");
+    row(QString::fromUtf8("Mäuse"), "Muse");
+    row(QString(80, 'x'), QString(60, 'x'));
+    row("a +", "");
+    row("   ", "");
 }
 
 void tst_ClassTreePane::namesThatAreRefused()
@@ -268,9 +262,6 @@ void tst_ClassTreePane::modelDialogTrees()
     QCOMPARE(prompts.takeAsked(), QStringList({question, question, question}));
     press("pushButton_3");
     QVERIFY(dialog.classTree().isEmpty());
-    dialog.show();
-    dialog.findChild<QDialogButtonBox*>("buttonBox")->button(QDialogButtonBox::Ok)->click();
-    QCOMPARE(dialog.result(), int(QDialog::Accepted));
 }
 
 void tst_ClassTreePane::modelDialogFiles()
