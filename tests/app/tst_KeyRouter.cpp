@@ -131,6 +131,7 @@ void tst_KeyRouter::keys_data()
     row("folder", Qt::Key_A, "");
     row("folder", Qt::Key_Delete, "");
     row("classes", Qt::Key_Return, "assign class");
+    row("classes", Qt::Key_Return, "activate", Qt::ControlModifier);
     row("classes", Qt::Key_Delete, "remove class");
     row("classes", Qt::Key_Right, "");
     row("canvas", Qt::Key_Escape, "escape");
