@@ -40,5 +40,17 @@ void FileActions::setListComplete(bool complete)
 
 void FileActions::setOpeningEnabled(bool enabled)
 {
-    setAllEnabled(m_openings, enabled);
+    m_openingEnabled = enabled;
+    updateOpenings();
+}
+
+void FileActions::setRowsInUse(bool inUse)
+{
+    m_rowsInUse = inUse;
+    updateOpenings();
+}
+
+void FileActions::updateOpenings()
+{
+    setAllEnabled(m_openings, m_openingEnabled && !m_rowsInUse);
 }

@@ -21,12 +21,18 @@ public:
     void setRecordingShown(bool shown);
     /// The list of a folder is complete, or is not (any more).
     void setListComplete(bool complete);
-    void setOpeningEnabled(bool enabled);
+    // Files and folders can be opened when both allow it.
+    void setOpeningEnabled(bool enabled); ///< false while the headers of an evaluation are read
+    void setRowsInUse(bool inUse);        ///< a run over many files works with the rows
 
 private:
+    void updateOpenings();
+
     QList<QAction*> m_plotExports;
     QList<QAction*> m_listActions;
     QList<QAction*> m_openings;
+    bool m_openingEnabled = true;
+    bool m_rowsInUse = false;
 };
 
 #endif

@@ -46,6 +46,7 @@
 #include "viewer/SpectrogramView.h"
 #include "viewer/TimeAxisView.h"
 #include "viewer/ViewerPresenter.h"
+#include "viewer/core/CountLabel.h"
 
 #include <QApplication>
 #include <QFontDatabase>
@@ -198,6 +199,9 @@ void MainWindow::setUpLists()
                                     Purpose::Folder, *m_session, this);
     m_evaluationList = new FileListPane({*m_ui->treeWidget_fileView, *m_ui->progressBar_3, *m_ui->label_9},
                                         Purpose::Assignment, *m_session, this);
+    // Room for what they say of a selection, or the rows would move under the pointer that selects one.
+    for (QLabel* label : {m_ui->label_21, m_ui->label_9})
+        label->setMinimumHeight(label->fontMetrics().size(0, CountLabel::selection(1, 1)).height());
     m_folderNavigator = new RecordingNavigator(*m_folderList, *m_session, this);
     m_evaluationNavigator = new RecordingNavigator(*m_evaluationList, *m_session, this);
     const HeaderChain::Thread thread{[this] { m_headerThread->start(); },
@@ -375,7 +379,7 @@ void MainWindow::connectClasses()
 void MainWindow::setRowsInUse(bool inUse)
 {
     m_headers->setRowsHeld(inUse);
-    m_fileActions->setOpeningEnabled(!inUse);
+    m_fileActions->setRowsInUse(inUse);
 }
 
 void MainWindow::connectEvaluation()

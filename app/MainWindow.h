@@ -167,6 +167,7 @@ public slots:
     void rightClickMenu_fileView(const QPoint& pos);
     void rightClickMenu_2(const QPoint& pos);
     void assignFileToClass();
+    void acceptProposal(int state);
     void reassign1triggered();
     void reassign2triggered();
     void reassign3triggered();

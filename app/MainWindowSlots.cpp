@@ -312,6 +312,11 @@ void MainWindow::assignFileToClass()
     m_assigning->assignFileToClass();
 }
 
+void MainWindow::acceptProposal(int state)
+{
+    m_assigning->acceptProposal(state == Qt::Checked);
+}
+
 void MainWindow::reassign1triggered()
 {
     m_assigning->directEdits().reassign(0);

@@ -47,6 +47,11 @@ AssignmentController::AssignmentController(QWidget& window, const Lists& lists, 
 
 AssignmentController::~AssignmentController() = default;
 
+void AssignmentController::acceptProposal(bool accepted)
+{
+    m_directEdits->acceptProposal(m_lists.evaluation.currentItem(), accepted);
+}
+
 void AssignmentController::assignFileToClass()
 {
     if (m_classes.clickedClass())

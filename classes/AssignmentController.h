@@ -56,6 +56,9 @@ public:
     void setListComplete(bool complete) { m_listComplete = complete; }
     bool isListComplete() const { return m_listComplete; }
 
+    /// As a click on the check box "Accept proposal" of the evaluation list's current row.
+    void acceptProposal(bool accepted);
+
     // Gestures on the selected files of the evaluation list.
     void assignFileToClass(); ///< to the class whose button was pressed
     void assign(QTreeWidgetItem* classItem);

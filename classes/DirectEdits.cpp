@@ -41,8 +41,9 @@ DirectEdits::DirectEdits(QTreeWidget& list, ClassTreePane& classes, const Record
 
 void DirectEdits::acceptProposal(QTreeWidgetItem* row, bool accepted)
 {
-    if (row && !m_run.isActive() &&
-        !apply(*row, classRecordEdit::acceptProposal(RowItem::read(*row), accepted)))
+    if (!row || m_run.isActive() || !RowItem::read(*row).isHeaderRead())
+        return;
+    if (!apply(*row, classRecordEdit::acceptProposal(RowItem::read(*row), accepted)))
         m_prompts.fail(QStringLiteral("Error"), failure(*row, assignmentLoss()));
 }
 

@@ -29,7 +29,7 @@ public:
                 RowUpdater& rows, UserPrompts& prompts);
 
     /// The user has changed the check box "Accept proposal" of a row. Until the file is written, the row
-    /// keeps its flag.
+    /// keeps its flag. Nothing happens to a row whose header is not yet read.
     void acceptProposal(QTreeWidgetItem* row, bool accepted);
     /// The user has typed a comment; the row, which may be one of any list, still has the old one.
     void setComment(QTreeWidgetItem* row, const QString& comment);
@@ -41,7 +41,6 @@ public:
 private:
     using Edit = std::function<RecordEdit(const RecordingRow&)>;
 
-    QTreeWidgetItem* rowOf(QObject* checkBox) const;
     void applyToSelected(const QString& label, const QList<QTreeWidgetItem*>& rows, const Edit& edit,
                          const QString& loss);
     bool apply(QTreeWidgetItem& row, const RecordEdit& edit);

@@ -140,7 +140,7 @@ FileChain::ErrorChoice FileRun::askAboutError()
         question.answers = {Answer::Skip, Answer::SkipForAll, Answer::Cancel};
         question.preset = Answer::Skip;
     } else if (m_chain.index() + 1 < m_chain.count())
-        question.answers = {Answer::Ok, Answer::Cancel};
+        question.answers = {Answer::Ok, Answer::SkipForAll};
     switch (m_prompts.ask(question)) {
     case Answer::Cancel:
         return FileChain::ErrorChoice::Cancel;

@@ -47,7 +47,8 @@ public:
 
     /// The same with work done here, on the GUI thread, in slices that leave it time to draw: `work` handles
     /// the file at an index and returns whether that succeeded. The first file is done at once. A failure is
-    /// only told, with "Cancel" besides "OK" where more files follow.
+    /// only told, with "Skip for all" besides "OK" where more files follow: however the box is closed, those
+    /// are handled.
     void startHere(Setup setup, std::function<bool(int index)> work);
 
     bool isActive() const { return m_chain.isActive(); }

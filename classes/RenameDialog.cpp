@@ -8,6 +8,7 @@ RenameDialog::RenameDialog(bool subclass, UserPrompts& prompts, QWidget* parent)
     m_ui->setupUi(this);
     if (subclass)
         setWindowTitle(QStringLiteral("Rename subclass"));
+    m_ui->lineEdit->setFocus();
 }
 
 RenameDialog::~RenameDialog() = default;

@@ -51,11 +51,9 @@ void tst_AssignmentPlan::settle_data()
     row("a gap is room", "a +  + c + d|", "x", "", "", "0");
     row("full, yes", full, "x", "y", "f", "0");
     row("full, no", full, "x", "n", "f", "");
-    row("full, cancel", full, "x", "c", "f", "");
     row("full, preset", full, "x", "", "f", "");
     row("several full, yes", full + " / | / " + full, "x", "y", "F", "0 1 2");
     row("several full, preset is no", full + " / | / " + full, "x", "", "F", "1");
-    row("several full, cancel", full + " / | / " + full, "x", "c", "F", "");
 
     row("over No call, ok", "No call|", "x", "o", "n", "0");
     row("over No call, preset is cancel", "| / No call|", "x", "", "N", "");

@@ -38,10 +38,8 @@ class tst_FileRun : public QObject
 
 private slots:
     void init();
-    void runWithoutFiles();
     void requestsFollowAnswers();
     void questionsStandAboveTheProgress();
-    void progressComesAfterAWhile_data();
     void progressComesAfterAWhile();
     void inputDoesNotReachTheWindow();
     void workDoneHereAsksOnlyWhatMatters();
@@ -80,17 +78,13 @@ FileRun::Setup tst_FileRun::setup(int count, bool cancellable)
     return setup;
 }
 
-void tst_FileRun::runWithoutFiles()
+void tst_FileRun::requestsFollowAnswers()
 {
     QSignalSpy active(m_run, &FileRun::rowsInUseChanged);
     run().start(setup(0), [this](int index) { m_requests.append(index); });
     QCOMPARE(m_completed, std::optional(true));
     QVERIFY(m_requests.isEmpty() && active.isEmpty() && !progress());
-}
-
-void tst_FileRun::requestsFollowAnswers()
-{
-    QSignalSpy active(m_run, &FileRun::rowsInUseChanged);
+    m_completed.reset();
     {
         const FileRun::RowsInUse question(run());
         run().start(setup(3), [this](int index) { m_requests.append(index); });
@@ -98,7 +92,6 @@ void tst_FileRun::requestsFollowAnswers()
     run().answered(1, true); // nobody asked for it
     QCOMPARE(m_requests, QVector<int>({0}));
     run().answered(0, true);
-    run().answered(0, true); // a second answer
     run().answered(1, true);
     QCOMPARE(m_requests, QVector<int>({0, 1, 2}));
     QVERIFY(run().isActive() && !m_completed);
@@ -123,40 +116,34 @@ void tst_FileRun::questionsStandAboveTheProgress()
     QCOMPARE(m_requests, QVector<int>({0, 1}));
 }
 
-void tst_FileRun::progressComesAfterAWhile_data()
-{
-    QTest::addColumn<bool>("cancellable");
-    QTest::newRow("with Cancel") << true;
-    QTest::newRow("without Cancel") << false;
-}
-
 /// One file that takes its time, then the user tries to end the run.
 void tst_FileRun::progressComesAfterAWhile()
 {
-    QFETCH(bool, cancellable);
-
     m_window->show();
-    run().start(setup(3, cancellable), [](int) {});
-    QVERIFY(!progress()->isVisible());
-    QCOMPARE(progress()->minimumDuration(), 500);
-    QCOMPARE(progress()->labelText(), QStringLiteral("Working..."));
-    QCOMPARE(progress()->maximum(), 2);
-    QTRY_VERIFY_WITH_TIMEOUT(progress()->isVisible(), 3000);
-    QVERIFY(progress()->windowModality() == Qt::WindowModal);
-
-    auto* button = progress()->findChild<QPushButton*>();
-    QCOMPARE(button != nullptr, cancellable);
-    if (cancellable)
-        button->click();
-    else {
-        QTest::keyClick(progress(), Qt::Key_Escape);
-        progress()->close();
-        QVERIFY(progress()->isVisible());
+    for (const bool cancellable : {false, true}) {
+        m_completed.reset();
+        run().start(setup(2, cancellable), [](int) {});
+        QVERIFY(!progress()->isVisible());
+        QCOMPARE(progress()->minimumDuration(), 500);
+        QCOMPARE(progress()->labelText(), QStringLiteral("Working..."));
+        QCOMPARE(progress()->maximum(), 1);
+        QTRY_VERIFY_WITH_TIMEOUT(progress()->isVisible(), 3000);
+        QVERIFY(progress()->windowModality() == Qt::WindowModal);
+        auto* button = progress()->findChild<QPushButton*>();
+        QCOMPARE(button != nullptr, cancellable);
+        if (cancellable)
+            button->click();
+        else {
+            QTest::keyClick(progress(), Qt::Key_Escape);
+            progress()->close();
+            QVERIFY(progress()->isVisible());
+        }
+        QVERIFY(run().isActive()); // the file on its way is waited for
+        run().answered(0, true);
+        QCOMPARE(m_completed, cancellable ? std::optional(false) : std::nullopt);
+        run().answered(1, true);
+        QTRY_VERIFY(!progress());
     }
-    QVERIFY(run().isActive()); // the file on its way is waited for
-    run().answered(0, true);
-    QCOMPARE(run().isActive(), !cancellable);
-    QCOMPARE(m_completed, cancellable ? std::optional(false) : std::nullopt);
 }
 
 void tst_FileRun::inputDoesNotReachTheWindow()
@@ -194,10 +181,11 @@ void tst_FileRun::workDoneHereAsksOnlyWhatMatters()
              QStringList({"critical|Error|file 0 failed", "critical|Error|file 1 failed"}));
     QCOMPARE(m_prompts->answers, QVector<Answer>({Answer::Ok})); // nothing follows the last file
     m_completed.reset();
-    m_prompts->willAnswer(Answer::Cancel);
+    m_prompts->willAnswer(Answer::SkipForAll);
     run().startHere(setup(2), [](int) { return false; });
-    QCOMPARE(m_completed, std::optional(false));
-    QCOMPARE(m_prompts->answers, QVector<Answer>({Answer::Ok, Answer::Cancel}));
+    QTRY_COMPARE(m_completed, std::optional(true));
+    QCOMPARE(m_prompts->takeAsked(), QStringList("critical|Error|file 0 failed"));
+    QCOMPARE(m_prompts->answers, QVector<Answer>({Answer::Ok, Answer::SkipForAll}));
 }
 
 /// Slow files, so that each has a turn of its own; a timer fires between them, and the progress dialog comes.
