@@ -41,7 +41,11 @@ namespace ExportFile {
 
 bool write(const QString& path, const QString& text)
 {
-    const QByteArray bytes = text.toUtf8();
+    return writeBytes(path, text.toUtf8());
+}
+
+bool writeBytes(const QString& path, const QByteArray& bytes)
+{
     return hasRoomForSuffix(path) ? save(path, bytes) : saveUnderShortName(path, bytes);
 }
 
