@@ -4,13 +4,19 @@
 #include "evaluation/ActivityCurve.h"
 #include "evaluation/ActivityZoomers.h"
 #include "evaluation/core/CurveColors.h"
+#include "evaluation/core/ExportFile.h"
 #include "viewer/ClampedZoomer.h"
 #include "viewer/PlotStyle.h"
 
 #include <QFile>
 #include <QFileInfo>
+#include <QImageWriter>
+#include <QLayout>
+#include <QPainter>
+#include <QTemporaryDir>
 #include <qwt_legend.h>
 #include <qwt_legend_label.h>
+#include <qwt_painter.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_grid.h>
 #include <qwt_plot_histogram.h>
@@ -19,6 +25,7 @@
 #include <qwt_plot_textlabel.h>
 #include <qwt_plot_zoneitem.h>
 #include <qwt_scale_engine.h>
+#include <qwt_scale_map.h>
 #include <qwt_symbol.h>
 
 #include <algorithm>
@@ -55,6 +62,18 @@ public:
         setBrush(color);
         setPen(QPen(Qt::NoPen));
     }
+    /// The library's own way leaves the area out of SVG documents.
+    void draw(QPainter* painter, const QwtScaleMap& xMap, const QwtScaleMap& /*yMap*/,
+              const QRectF& canvasRect) const override
+    {
+        if (!interval().isValid())
+            return;
+        const QRectF area(QPointF(xMap.transform(interval().minValue()), canvasRect.top()),
+                          QPointF(xMap.transform(interval().maxValue()), canvasRect.bottom()));
+        painter->setPen(pen());
+        painter->setBrush(brush());
+        QwtPainter::drawRect(painter, area & canvasRect);
+    }
     QwtGraphic legendIcon(int /*index*/, const QSizeF& size) const override
     {
         QColor color = brush().color();
@@ -88,16 +107,18 @@ ActivityPlot::ActivityPlot(ActivityKind kind, QWidget* parent)
     setCanvasBackground(Qt::white);
     setAutoReplot(false);
     initialiseAxes();
-    initialiseZones();
     m_legend->setDefaultItemMode(QwtLegendData::Checkable);
+    m_legend->contentsWidget()->layout()->setSpacing(1);
     insertLegend(m_legend, QwtPlot::RightLegend);
 
     m_validHours->setYAxis(QwtPlot::yRight);
     m_validHours->setBrush(hoursColor);
     const bool isDense = kind == ActivityKind::Time || kind == ActivityKind::Days;
     m_validHours->setPen(isDense ? QPen(Qt::NoPen) : QPen(hoursColor.darker(106)));
+    m_validHours->setStyle(isDense ? QwtPlotHistogram::Outline : QwtPlotHistogram::Columns); // no seams
     m_validHours->setZ(1.0);
     m_validHours->attach(this);
+    initialiseZones();
     m_message->setItemAttribute(QwtPlotItem::Legend, false);
     m_message->setZ(100.0);
     m_message->attach(this);
@@ -152,6 +173,11 @@ void ActivityPlot::addMarker(double position, const QString& text)
 
 void ActivityPlot::initialise(const QStringList& curveNames)
 {
+    for (ActivityCurve* curve : m_curves) {
+        curve->detach();
+        delete curve;
+    }
+    m_curves.clear();
     for (const QString& name : curveNames) {
         auto* curve = new ActivityCurve(name);
         // The newest on top, except for the sum of all.
@@ -241,6 +267,7 @@ void ActivityPlot::setShown(const QVariant& legendEntry, bool shown)
     if (item == nullptr)
         return;
     item->setVisible(shown);
+    checkLegend();
     for (std::size_t i = 0; i < m_zones.size() / 2; ++i)
         if (item == m_zones[i])
             m_zones[i + 2]->setVisible(shown);
@@ -324,31 +351,44 @@ void ActivityPlot::divideAxes(const QRectF& view)
     replot();
 }
 
-/// Entries are made unchecked.
+/// The room for labels has changed.
+void ActivityPlot::resizeEvent(QResizeEvent* event)
+{
+    QwtPlot::resizeEvent(event);
+    const QwtInterval shown = axisInterval(QwtPlot::xBottom);
+    divideAxes(QRectF(shown.minValue(), 0.0, shown.width(), 0.0));
+}
+
+/// Entries are made unchecked. What is not shown is grey, too: a frame alone is easily overlooked.
 void ActivityPlot::checkLegend()
 {
+    QPalette grey = palette();
+    grey.setColor(QPalette::Text, grey.color(QPalette::Disabled, QPalette::Text));
     for (QwtPlotItem* item : itemList())
         for (QWidget* widget : m_legend->legendWidgets(itemToInfo(item)))
             if (auto* label = qobject_cast<QwtLegendLabel*>(widget)) {
                 const QSignalBlocker blocker(label);
                 label->setChecked(item->isVisible());
+                label->setPalette(item->isVisible() ? palette() : grey);
             }
 }
 
 bool ActivityPlot::exportTo(const QString& filePath)
 {
-    const bool isNew = !QFile::exists(filePath);
-    if (!QFile(filePath).open(QIODevice::ReadWrite)) // the renderer does not tell
+    const QString suffix = QFileInfo(filePath).suffix().toLower();
+    const QStringList documents{QStringLiteral("pdf"), QStringLiteral("svg")};
+    if (!documents.contains(suffix) && !QImageWriter::supportedImageFormats().contains(suffix.toLatin1()))
         return false;
+    // The renderer does not tell of failures, and what the file was would be lost.
+    const QTemporaryDir folder;
+    QFile draft(folder.filePath(QStringLiteral("plot.") + suffix));
     reduceLegend();
     QwtPlotRenderer renderer;
     renderer.setDiscardFlag(QwtPlotRenderer::DiscardBackground); // paper is white
-    renderer.renderDocument(this, filePath, QSizeF(300, 200), 85);
+    renderer.renderDocument(this, draft.fileName(), QSizeF(300, 200), 85);
     restoreLegend();
-    const bool isWritten = QFileInfo(filePath).size() > 0;
-    if (!isWritten && isNew)
-        QFile::remove(filePath);
-    return isWritten;
+    return draft.open(QIODevice::ReadOnly) && draft.size() > 0 &&
+           ExportFile::writeBytes(filePath, draft.readAll());
 }
 
 /// The legend forgets an entry for which it gets no data.
