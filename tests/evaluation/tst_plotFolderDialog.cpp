@@ -1,8 +1,6 @@
 #include "evaluation/ActivityPlot.h"
 #include "evaluation/ActivityTab.h"
-#include "evaluation/LoadWindDialog.h"
 #include "evaluation/core/ActivitySettings.h"
-#include "evaluation/invalidTimesDialog.h"
 #include "evaluation/plotFolderDialog.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tools/DemoSeason.h"
@@ -10,15 +8,13 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateTimeEdit>
+#include <QDateEdit>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QSpinBox>
 #include <QTabWidget>
-#include <QTreeWidget>
 #include <QtTest>
 #include <qwt_legend.h>
 #include <qwt_legend_label.h>
@@ -67,8 +63,6 @@ private slots:
     void keepsSettings();
     void survivesOddSettings_data();
     void survivesOddSettings();
-    void editsInvalidTimes();
-    void previewsWindFiles();
 
 private:
     ActivityTab& tab(int index) { return *qobject_cast<ActivityTab*>(tabs()->widget(index)); }
@@ -367,48 +361,6 @@ void tst_plotFolderDialog::survivesOddSettings()
         QVERIFY(!m_dialog->grab().isNull());
         QVERIFY(!exported(index).isEmpty());
     }
-}
-
-void tst_plotFolderDialog::editsInvalidTimes()
-{
-    const QString text =
-        QStringLiteral("01.06.2026 23:00-02.06.2026 01:00;05.06.2026 00:00-06.06.2026 00:05");
-    invalidTimesDialog dialog(nullptr, text);
-    auto* tree = dialog.findChild<QTreeWidget*>();
-    QCOMPARE(tree->topLevelItemCount(), 2);
-    dialog.on_pushButton_clicked();
-    tree->setCurrentItem(tree->topLevelItem(0));
-    dialog.on_pushButton_2_clicked();
-    QCOMPARE(tree->topLevelItem(0)->text(0), QStringLiteral("1"));
-    QCOMPARE(tree->topLevelItem(1)->text(0), QStringLiteral("2"));
-    auto* begin = qobject_cast<QDateTimeEdit*>(tree->itemWidget(tree->topLevelItem(0), 1));
-    begin->setDateTime(QDateTime(QDate(2026, 7, 1), QTime(2, 30), Qt::UTC));
-    emit begin->editingFinished();
-    QCOMPARE(dialog.invalidTimes(), text); // not yet accepted
-    dialog.on_buttonBox_accepted();
-    const QString year = QString::number(QDate::currentDate().year());
-    QCOMPARE(dialog.invalidTimes(),
-             QStringLiteral("01.07.2026 02:30-01.07.2026 02:30;01.01.%1 00:00-01.01.%1 00:00").arg(year));
-    dialog.on_pushButton_3_clicked();
-    dialog.on_buttonBox_accepted();
-    QVERIFY(dialog.invalidTimes().isEmpty());
-}
-
-void tst_plotFolderDialog::previewsWindFiles()
-{
-    LoadWindDialog dialog(nullptr, m_settings->windFile(), *m_settings);
-    auto* tree = dialog.findChild<QTreeWidget*>();
-    QVERIFY(tree->topLevelItemCount() > 10);
-    QCOMPARE(tree->topLevelItem(0)->text(0), QStringLiteral("01.04.2026"));
-    QCOMPARE(tree->topLevelItem(0)->text(1), QStringLiteral("00:00:00")); // named by its end
-    dialog.findChild<QComboBox*>(QStringLiteral("comboBox_6"))->setCurrentIndex(2);
-    QCOMPARE(tree->topLevelItemCount(), 0);
-    dialog.findChild<QComboBox*>(QStringLiteral("comboBox_6"))->setCurrentIndex(1);
-    dialog.findChild<QRadioButton*>(QStringLiteral("radioButton"))->click();
-    QCOMPARE(tree->topLevelItem(0)->text(1), QStringLiteral("00:10:00"));
-    QVERIFY(m_settings->windFormat().definition == WindFormat::Definition::End);
-    dialog.on_buttonBox_accepted();
-    QVERIFY(m_settings->windFormat().definition == WindFormat::Definition::Beginning);
 }
 
 QTEST_MAIN(tst_plotFolderDialog)
