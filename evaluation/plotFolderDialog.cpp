@@ -65,16 +65,16 @@ class WaitBox : public QProgressDialog
 {
 public:
     WaitBox(const QString& text, const QString& cancelText, QWidget* parent)
-        : QProgressDialog(text, cancelText, 0, 100, parent)
+        : QProgressDialog(text, cancelText, 0, 1000, parent) // events come in at every step
     {
         setWindowTitle(QStringLiteral("Please wait"));
         setWindowModality(Qt::WindowModal);
-        setMinimumDuration(500);
+        setMinimumDuration(200);
         setValue(0);
     }
     bool advance(double share)
     {
-        setValue(static_cast<int>(share * 100.0));
+        setValue(static_cast<int>(share * 1000.0));
         return !wasCanceled();
     }
 };
@@ -451,11 +451,10 @@ void plotFolderDialog::readTemperatureFile()
         return;
     m_hasReadTemperature = true;
     WaitBox box(QStringLiteral("Reading weather data..."), QStringLiteral("Cancel"), this);
-    const WeatherRead read =
-        WeatherFile::readTemperature(path, [&](double share) { return box.advance(share); });
-    m_model.setTemperature(read);
+    WeatherRead read = WeatherFile::readTemperature(path, [&](double share) { return box.advance(share); });
     tab(ActivityKind::Temperature).setFileText(fileText(path, read));
     tab(ActivityKind::Precipitation).setFileText(fileText(path, read));
+    m_model.setTemperature(std::move(read));
 }
 
 void plotFolderDialog::readWindFile()
@@ -465,8 +464,8 @@ void plotFolderDialog::readWindFile()
         return;
     m_hasReadWind = true;
     WaitBox box(QStringLiteral("Reading weather data..."), QStringLiteral("Cancel"), this);
-    const WeatherRead read = WeatherFile::readWind(path, m_settings.windFormat(),
-                                                   [&](double share) { return box.advance(share); });
-    m_model.setWind(read, m_settings.windZone(), m_settings.windDaylightSaving());
+    WeatherRead read = WeatherFile::readWind(path, m_settings.windFormat(),
+                                             [&](double share) { return box.advance(share); });
     tab(ActivityKind::WindSpeed).setFileText(fileText(path, read));
+    m_model.setWind(std::move(read), m_settings.windZone(), m_settings.windDaylightSaving());
 }
