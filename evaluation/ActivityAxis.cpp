@@ -14,12 +14,17 @@ namespace {
 
 constexpr int mostTicks = 13;
 
-/// So many labels as wide as `sample` have room side by side.
-int ticksWithRoom(const QwtPlot& plot, const QString& sample)
+/// So many labels of that width have room side by side.
+int ticksWithRoom(const QwtPlot& plot, double labelWidth)
+{
+    return qBound(2, static_cast<int>(plot.canvas()->width() / labelWidth), mostTicks);
+}
+
+/// As wide as `text` and a gap.
+double widthOf(const QwtPlot& plot, const QString& text)
 {
     const QFontMetrics metrics(plot.axisFont(QwtPlot::xBottom));
-    const int labelWidth = metrics.horizontalAdvance(sample + QLatin1Char('0')); // and a gap
-    return qBound(2, plot.canvas()->width() / labelWidth, mostTicks);
+    return metrics.horizontalAdvance(text + QLatin1Char('0'));
 }
 
 /// Labels by a function of the value.
@@ -91,11 +96,14 @@ QwtScaleDiv divided(double low, double high, double offset, std::initializer_lis
     return QwtScaleDiv(low, high, minor < step ? ticks(minor) : QList<double>(), {}, ticks(step));
 }
 
-/// The names of up to 13 months have room when they are inclined.
+/// Inclined, the names of months take less room.
 void divideMonths(QwtPlot& plot, double low, double high)
 {
-    const bool isInclined = high - low > ticksWithRoom(plot, QStringLiteral("September"));
-    plot.setAxisScaleDiv(QwtPlot::xBottom, divided(low, high, 0.0, {1, 3, 6, 12, 60, 120}, mostTicks));
+    int most = ticksWithRoom(plot, widthOf(plot, QStringLiteral("September")));
+    const bool isInclined = high - low > most;
+    if (isInclined)
+        most = ticksWithRoom(plot, 1.5 * QFontMetrics(plot.axisFont(QwtPlot::xBottom)).height());
+    plot.setAxisScaleDiv(QwtPlot::xBottom, divided(low, high, 0.0, {1, 2, 3, 6, 12, 60, 120}, most));
     plot.setAxisLabelRotation(QwtPlot::xBottom, isInclined ? -30.0 : 0.0);
     plot.setAxisLabelAlignment(QwtPlot::xBottom,
                                (isInclined ? Qt::AlignLeft : Qt::AlignHCenter) | Qt::AlignBottom);
@@ -153,7 +161,7 @@ void ActivityAxis::divide(QwtPlot& plot, const ActivityTable& table, double low,
 {
     plot.setAxisScale(QwtPlot::xTop, low, high);
     const auto divide = [&](double offset, std::initializer_list<double> steps, const char* widest) {
-        const int most = ticksWithRoom(plot, QLatin1String(widest));
+        const int most = ticksWithRoom(plot, widthOf(plot, QLatin1String(widest)));
         plot.setAxisScaleDiv(QwtPlot::xBottom, divided(low, high, offset, steps, most));
     };
     switch (table.kind) {
@@ -176,7 +184,8 @@ void ActivityAxis::divide(QwtPlot& plot, const ActivityTable& table, double low,
         divide(0.0, {0.5, 1, 2, 5, 10, 20}, "-0.5");
         break;
     case ActivityKind::Days:
-        plot.setAxisMaxMajor(QwtPlot::xBottom, ticksWithRoom(plot, QStringLiteral("00/00/00")));
+        plot.setAxisMaxMajor(QwtPlot::xBottom,
+                             ticksWithRoom(plot, widthOf(plot, QStringLiteral("00/00/00"))));
         plot.setAxisScale(QwtPlot::xBottom, low, high);
         break;
     }
