@@ -300,10 +300,10 @@ void plotFolderDialog::plotFunction(ActivityKind kind, bool init, bool exportDat
 {
     if (init)
         initPlot(kind);
+    if (!exportData || !m_isCurrent[static_cast<std::size_t>(kind)])
+        compute(kind);
     if (exportData)
         this->exportData(kind);
-    else
-        compute(kind);
 }
 
 /// Waiting boxes let events in: what arrives in between is computed afterwards.

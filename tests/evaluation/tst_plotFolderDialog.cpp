@@ -143,8 +143,8 @@ private slots:
 
     void legendSwitchesCurvesAndColumns()
     {
-        show(2);
         const QByteArray before = exported(2).split('\r').first();
+        show(2); // of which there was a table before it was seen
         QVERIFY(before.startsWith("Month;Valid Hours [h];All Classes [Rec./h];"));
         QVERIFY(before.endsWith(";Unassigned [Rec./h]"));
         for (const char* name : {"Valid Hours", "All Classes", "Unassigned"}) {
