@@ -53,7 +53,9 @@ QwtSymbol* symbolOf(int i, const QColor& color, int size)
     return new QwtSymbol(styles[i % 6], QBrush(color), QPen(color), QSize(size, size));
 }
 
-/// A shaded part of the axis, with a sample of its colour in the legend.
+constexpr double secondsOfDay = 86400.0;
+
+/// A shaded part of each day on the axis of the time of day, with a sample of its colour in the legend.
 class ShadedZone : public QwtPlotZoneItem
 {
 public:
@@ -68,11 +70,14 @@ public:
     {
         if (!interval().isValid())
             return;
-        const QRectF area(QPointF(xMap.transform(interval().minValue()), canvasRect.top()),
-                          QPointF(xMap.transform(interval().maxValue()), canvasRect.bottom()));
         painter->setPen(pen());
         painter->setBrush(brush());
-        QwtPainter::drawRect(painter, area & canvasRect);
+        for (const double shift : {-2.0 * secondsOfDay, -secondsOfDay, 0.0, secondsOfDay}) {
+            const QRectF area(QPointF(xMap.transform(interval().minValue() + shift), canvasRect.top()),
+                              QPointF(xMap.transform(interval().maxValue() + shift), canvasRect.bottom()));
+            if (area.intersects(canvasRect))
+                QwtPainter::drawRect(painter, area & canvasRect);
+        }
     }
     QwtGraphic legendIcon(int /*index*/, const QSizeF& size) const override
     {
@@ -149,7 +154,7 @@ void ActivityPlot::initialiseZones()
     }
     if (m_kind != ActivityKind::Time)
         return;
-    for (const QColor& color : {twilightColor, nightColor, twilightColor, nightColor}) {
+    for (const QColor& color : {twilightColor, nightColor, twilightColor}) {
         auto* zone = new ShadedZone(color);
         zone->setZ(1.5);
         zone->setItemAttribute(QwtPlotItem::Legend, m_zones.size() < 2);
@@ -235,18 +240,13 @@ void ActivityPlot::showTwilight(const TwilightTimes& times, const QString& label
         zone->setInterval(QwtInterval());
     if (m_table.bins.empty() || m_zones.empty() || !times.isValid)
         return;
-    // On an axis from midnight to midnight the night lies at both ends.
-    const double shift = ActivityAxis::range(m_table).first >= 43200.0 ? 0.0 : 86400.0;
     const QwtInterval evening = QwtInterval(times.sunset, times.eveningTwilight).normalized();
-    const QwtInterval morning =
-        QwtInterval(times.morningTwilight - shift, times.sunrise - shift).normalized();
+    const QwtInterval morning = QwtInterval(times.morningTwilight, times.sunrise).normalized();
     m_zones[0]->setTitle(label);
     checkLegend(); // a new title makes a new entry
     m_zones[0]->setInterval(evening);
-    m_zones[1]->setInterval(evening.maxValue(), morning.minValue() + shift);
+    m_zones[1]->setInterval(evening.maxValue(), morning.minValue());
     m_zones[2]->setInterval(morning);
-    if (shift > 0.0)
-        m_zones[3]->setInterval(0.0, morning.minValue());
     replot();
 }
 
@@ -268,9 +268,8 @@ void ActivityPlot::setShown(const QVariant& legendEntry, bool shown)
         return;
     item->setVisible(shown);
     checkLegend();
-    for (std::size_t i = 0; i < m_zones.size() / 2; ++i)
-        if (item == m_zones[i])
-            m_zones[i + 2]->setVisible(shown);
+    if (!m_zones.empty() && item == m_zones.front())
+        m_zones.back()->setVisible(shown);
     if (m_zoomers->left->zoomRectIndex() == 0)
         resetView();
     else

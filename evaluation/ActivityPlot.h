@@ -82,7 +82,7 @@ private:
     QwtLegend* m_legend;
     QwtPlotHistogram* m_validHours;
     QwtPlotTextLabel* m_message;
-    std::vector<QwtPlotZoneItem*> m_zones; ///< twilight and night, then the morning's
+    std::vector<QwtPlotZoneItem*> m_zones; ///< evening twilight, night, morning twilight
     std::vector<ActivityCurve*> m_curves;
     std::unique_ptr<ActivityZoomers> m_zoomers;
 };

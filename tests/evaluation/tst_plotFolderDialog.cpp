@@ -7,7 +7,6 @@
 #include "tools/DemoSeason.h"
 #include "viewer/ClampedZoomer.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QLabel>
@@ -17,7 +16,7 @@
 #include <QTabWidget>
 #include <QtTest>
 #include <qwt_legend_label.h>
-#include <qwt_plot_zoneitem.h>
+#include <qwt_plot_item.h>
 #include <qwt_scale_draw.h>
 
 namespace {
@@ -112,19 +111,35 @@ private slots:
         QVERIFY(m_dialog->grab().save(m_output + QStringLiteral("/tab%1.png").arg(index)));
     }
 
-    void shadesTheNightAtBothEnds()
+    /// Also on an axis from midnight to midnight, and by a clock of the other side of the earth.
+    void shadesTheNight_data()
     {
+        QTest::addColumn<bool>("centerNight");
+        QTest::addColumn<QByteArray>("zone");
+        QTest::addColumn<QVector<int>>("hours"); // at night, at night, by day
+        QTest::newRow("noon to noon") << true << QByteArray("Europe/Berlin") << QVector<int>{23, 26, 13};
+        QTest::newRow("midnight") << false << QByteArray("Europe/Berlin") << QVector<int>{23, 2, 13};
+        QTest::newRow("far") << true << QByteArray("Pacific/Auckland") << QVector<int>{13, 34, 24};
+    }
+    void shadesTheNight()
+    {
+        QFETCH(bool, centerNight);
+        QFETCH(QByteArray, zone);
+        QFETCH(QVector<int>, hours);
+        MonitoringPlan plan = m_settings->monitoring();
+        plan.zone = QTimeZone(zone);
+        m_settings->setMonitoring(plan);
+        m_settings->setCenterNight(centerNight);
+        open(rowsOf(m_season));
         QwtPlot& plot = tab(0).plot();
-        const auto isNight = [&](double seconds) {
-            int zones = 0;
-            for (const QwtPlotItem* item : plot.itemList(QwtPlotItem::Rtti_PlotZone))
-                zones += static_cast<const QwtPlotZoneItem*>(item)->interval().contains(seconds) ? 1 : 0;
-            return zones == 1;
-        };
-        QVERIFY(isNight(23 * 3600) && isNight(26 * 3600) && !isNight(13 * 3600));
-        m_dialog->findChild<QCheckBox*>(QStringLiteral("checkBoxCenterNight"))->click();
-        QCOMPARE(plot.axisScaleDiv(QwtPlot::xBottom).upperBound(), 86400.0);
-        QVERIFY(isNight(23 * 3600) && isNight(2 * 3600) && !isNight(13 * 3600));
+        for (QwtPlotItem* item : plot.itemList())
+            item->setVisible(item->rtti() == QwtPlotItem::Rtti_PlotZone);
+        plot.replot();
+        const QImage picture = plot.canvas()->grab().toImage();
+        for (int i = 0; i < 3; ++i) {
+            const int x = static_cast<int>(plot.transform(QwtPlot::xBottom, hours.at(i) * 3600.0));
+            QCOMPARE(picture.pixelColor(x, picture.height() / 2) != QColor(Qt::white), i < 2);
+        }
     }
 
     void showsNoDataWithoutWeather()
