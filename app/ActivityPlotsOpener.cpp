@@ -19,6 +19,7 @@ void ActivityPlotsOpener::open()
     dialog.setWindowTitle(m_session.viewMode == 1 ? QStringLiteral("Activity Plots")
                                                   : QStringLiteral("Activity Plot"));
     if (const QScreen* screen = m_window.screen())
-        dialog.resize(dialog.sizeHint().boundedTo(screen->availableSize() * 9 / 10));
+        dialog.resize(
+            dialog.size().expandedTo(dialog.sizeHint()).boundedTo(screen->availableSize() * 19 / 20));
     dialog.exec();
 }

@@ -14,6 +14,19 @@ namespace {
 
 constexpr int mostTicks = 13;
 
+/// So many labels of that width have room side by side.
+int ticksWithRoom(const QwtPlot& plot, double labelWidth)
+{
+    return qBound(2, static_cast<int>(plot.canvas()->width() / labelWidth), mostTicks);
+}
+
+/// As wide as `text` and a gap.
+double widthOf(const QwtPlot& plot, const QString& text)
+{
+    const QFontMetrics metrics(plot.axisFont(QwtPlot::xBottom));
+    return metrics.horizontalAdvance(text + QLatin1Char('0'));
+}
+
 /// Labels by a function of the value.
 class WordedScaleDraw : public QwtScaleDraw
 {
@@ -60,14 +73,14 @@ QString windText(double position)
     return position > 10.0 ? QStringLiteral(">10") : precipitationText(position);
 }
 
-/// Ticks at `offset` plus the multiples of the smallest of `steps` that leaves room for the labels; one
-/// between two of them where the step is not the smallest.
-QwtScaleDiv divided(double low, double high, double offset, std::initializer_list<double> steps)
+/// At most `most` ticks at `offset` plus the multiples of the smallest of `steps` that will do; finer ones
+/// between them where the step is not the smallest.
+QwtScaleDiv divided(double low, double high, double offset, std::initializer_list<double> steps, int most)
 {
     double step = *steps.begin();
     double minor = step;
     for (const double next : steps) {
-        if ((high - low) / step <= mostTicks - 1)
+        if ((high - low) / step <= most - 1)
             break;
         minor = step;
         step = next;
@@ -81,6 +94,19 @@ QwtScaleDiv divided(double low, double high, double offset, std::initializer_lis
         return result;
     };
     return QwtScaleDiv(low, high, minor < step ? ticks(minor) : QList<double>(), {}, ticks(step));
+}
+
+/// Inclined, the names of months take less room.
+void divideMonths(QwtPlot& plot, double low, double high)
+{
+    int most = ticksWithRoom(plot, widthOf(plot, QStringLiteral("September")));
+    const bool isInclined = high - low > most;
+    if (isInclined)
+        most = ticksWithRoom(plot, 1.5 * QFontMetrics(plot.axisFont(QwtPlot::xBottom)).height());
+    plot.setAxisScaleDiv(QwtPlot::xBottom, divided(low, high, 0.0, {1, 2, 3, 6, 12, 60, 120}, most));
+    plot.setAxisLabelRotation(QwtPlot::xBottom, isInclined ? -30.0 : 0.0);
+    plot.setAxisLabelAlignment(QwtPlot::xBottom,
+                               (isInclined ? Qt::AlignLeft : Qt::AlignHCenter) | Qt::AlignBottom);
 }
 
 } // namespace
@@ -97,7 +123,6 @@ void ActivityAxis::install(QwtPlot& plot, ActivityKind kind)
     case ActivityKind::Days:
         plot.setAxisScaleDraw(QwtPlot::xBottom, new DayScaleDraw);
         plot.setAxisScaleEngine(QwtPlot::xBottom, new QwtDateScaleEngine(Qt::UTC));
-        plot.setAxisMaxMajor(QwtPlot::xBottom, 9);
         break;
     case ActivityKind::Months:
         word(monthText);
@@ -135,27 +160,32 @@ std::pair<double, double> ActivityAxis::range(const ActivityTable& table)
 void ActivityAxis::divide(QwtPlot& plot, const ActivityTable& table, double low, double high)
 {
     plot.setAxisScale(QwtPlot::xTop, low, high);
+    const auto divide = [&](double offset, std::initializer_list<double> steps, const char* widest) {
+        const int most = ticksWithRoom(plot, widthOf(plot, QLatin1String(widest)));
+        plot.setAxisScaleDiv(QwtPlot::xBottom, divided(low, high, offset, steps, most));
+    };
     switch (table.kind) {
     case ActivityKind::Time:
-        plot.setAxisScaleDiv(QwtPlot::xBottom, divided(low, high, 0.0, {600, 1800, 3600, 7200, 14400}));
+        divide(0.0, {600, 1800, 3600, 7200, 14400, 21600}, "00:00");
         break;
     case ActivityKind::Months:
-        plot.setAxisScaleDiv(QwtPlot::xBottom, divided(low, high, 0.0, {1, 3, 6, 12, 60, 120}));
-        plot.setAxisLabelRotation(QwtPlot::xBottom, high - low > 7.0 ? -30.0 : 0.0);
-        plot.setAxisLabelAlignment(QwtPlot::xBottom,
-                                   (high - low > 7.0 ? Qt::AlignLeft : Qt::AlignHCenter) | Qt::AlignBottom);
+        divideMonths(plot, low, high);
         break;
     case ActivityKind::NightTime:
-        plot.setAxisScaleDiv(QwtPlot::xBottom, divided(low, high, 0.0, {0.01, 0.02, 0.05, 0.1, 0.2}));
+        divide(0.0, {0.01, 0.02, 0.05, 0.1, 0.2}, "-0.15");
         break;
     case ActivityKind::Precipitation:
+        divide(-0.5, {1, 2, 5}, "9 to 10"); // so that none at all has its label
+        break;
     case ActivityKind::WindSpeed:
-        plot.setAxisScaleDiv(QwtPlot::xBottom, divided(low, high, 0.5, {1, 2}));
+        divide(0.5, {1, 2, 5}, "9 to 10");
         break;
     case ActivityKind::Temperature:
-        plot.setAxisScaleDiv(QwtPlot::xBottom, divided(low, high, 0.0, {0.5, 1, 2, 5, 10}));
+        divide(0.0, {0.5, 1, 2, 5, 10, 20}, "-0.5");
         break;
     case ActivityKind::Days:
+        plot.setAxisMaxMajor(QwtPlot::xBottom,
+                             ticksWithRoom(plot, widthOf(plot, QStringLiteral("00/00/00"))));
         plot.setAxisScale(QwtPlot::xBottom, low, high);
         break;
     }

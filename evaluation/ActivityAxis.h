@@ -14,7 +14,7 @@ void install(QwtPlot& plot, ActivityKind kind);
 /// The whole axis of a table: all bins, for the weather those with valid hours. From first to second.
 std::pair<double, double> range(const ActivityTable& table);
 
-/// Shows `low` to `high` with ticks that suit. The invisible top axis follows.
+/// Shows `low` to `high` with ticks that suit the width of the canvas. The invisible top axis follows.
 void divide(QwtPlot& plot, const ActivityTable& table, double low, double high);
 
 } // namespace ActivityAxis

@@ -6,7 +6,8 @@
 
 #include <cmath>
 
-ActivityCurve::ActivityCurve(const QString& name) : QwtPlotCurve(name)
+ActivityCurve::ActivityCurve(const QString& name)
+    : QwtPlotCurve(QwtText(name, QwtText::PlainText)) // a class may have any name
 {
     setRenderHint(QwtPlotItem::RenderAntialiased);
     setLegendAttribute(QwtPlotCurve::LegendShowLine);

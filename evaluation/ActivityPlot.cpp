@@ -4,13 +4,19 @@
 #include "evaluation/ActivityCurve.h"
 #include "evaluation/ActivityZoomers.h"
 #include "evaluation/core/CurveColors.h"
+#include "evaluation/core/ExportFile.h"
 #include "viewer/ClampedZoomer.h"
 #include "viewer/PlotStyle.h"
 
 #include <QFile>
 #include <QFileInfo>
+#include <QImageWriter>
+#include <QLayout>
+#include <QPainter>
+#include <QTemporaryDir>
 #include <qwt_legend.h>
 #include <qwt_legend_label.h>
+#include <qwt_painter.h>
 #include <qwt_plot_canvas.h>
 #include <qwt_plot_grid.h>
 #include <qwt_plot_histogram.h>
@@ -19,6 +25,7 @@
 #include <qwt_plot_textlabel.h>
 #include <qwt_plot_zoneitem.h>
 #include <qwt_scale_engine.h>
+#include <qwt_scale_map.h>
 #include <qwt_symbol.h>
 
 #include <algorithm>
@@ -46,7 +53,9 @@ QwtSymbol* symbolOf(int i, const QColor& color, int size)
     return new QwtSymbol(styles[i % 6], QBrush(color), QPen(color), QSize(size, size));
 }
 
-/// A shaded part of the axis, with a sample of its colour in the legend.
+constexpr double secondsOfDay = 86400.0;
+
+/// A shaded part of each day on the axis of the time of day, with a sample of its colour in the legend.
 class ShadedZone : public QwtPlotZoneItem
 {
 public:
@@ -54,6 +63,21 @@ public:
     {
         setBrush(color);
         setPen(QPen(Qt::NoPen));
+    }
+    /// The library's own way leaves the area out of SVG documents.
+    void draw(QPainter* painter, const QwtScaleMap& xMap, const QwtScaleMap& /*yMap*/,
+              const QRectF& canvasRect) const override
+    {
+        if (!interval().isValid())
+            return;
+        painter->setPen(pen());
+        painter->setBrush(brush());
+        for (const double shift : {-2.0 * secondsOfDay, -secondsOfDay, 0.0, secondsOfDay}) {
+            const QRectF area(QPointF(xMap.transform(interval().minValue() + shift), canvasRect.top()),
+                              QPointF(xMap.transform(interval().maxValue() + shift), canvasRect.bottom()));
+            if (area.intersects(canvasRect))
+                QwtPainter::drawRect(painter, area & canvasRect);
+        }
     }
     QwtGraphic legendIcon(int /*index*/, const QSizeF& size) const override
     {
@@ -88,16 +112,18 @@ ActivityPlot::ActivityPlot(ActivityKind kind, QWidget* parent)
     setCanvasBackground(Qt::white);
     setAutoReplot(false);
     initialiseAxes();
-    initialiseZones();
     m_legend->setDefaultItemMode(QwtLegendData::Checkable);
+    m_legend->contentsWidget()->layout()->setSpacing(1);
     insertLegend(m_legend, QwtPlot::RightLegend);
 
     m_validHours->setYAxis(QwtPlot::yRight);
     m_validHours->setBrush(hoursColor);
     const bool isDense = kind == ActivityKind::Time || kind == ActivityKind::Days;
     m_validHours->setPen(isDense ? QPen(Qt::NoPen) : QPen(hoursColor.darker(106)));
+    m_validHours->setStyle(isDense ? QwtPlotHistogram::Outline : QwtPlotHistogram::Columns); // no seams
     m_validHours->setZ(1.0);
     m_validHours->attach(this);
+    initialiseZones();
     m_message->setItemAttribute(QwtPlotItem::Legend, false);
     m_message->setZ(100.0);
     m_message->attach(this);
@@ -128,7 +154,7 @@ void ActivityPlot::initialiseZones()
     }
     if (m_kind != ActivityKind::Time)
         return;
-    for (const QColor& color : {twilightColor, nightColor, twilightColor, nightColor}) {
+    for (const QColor& color : {twilightColor, nightColor, twilightColor}) {
         auto* zone = new ShadedZone(color);
         zone->setZ(1.5);
         zone->setItemAttribute(QwtPlotItem::Legend, m_zones.size() < 2);
@@ -152,6 +178,11 @@ void ActivityPlot::addMarker(double position, const QString& text)
 
 void ActivityPlot::initialise(const QStringList& curveNames)
 {
+    for (ActivityCurve* curve : m_curves) {
+        curve->detach();
+        delete curve;
+    }
+    m_curves.clear();
     for (const QString& name : curveNames) {
         auto* curve = new ActivityCurve(name);
         // The newest on top, except for the sum of all.
@@ -209,18 +240,13 @@ void ActivityPlot::showTwilight(const TwilightTimes& times, const QString& label
         zone->setInterval(QwtInterval());
     if (m_table.bins.empty() || m_zones.empty() || !times.isValid)
         return;
-    // On an axis from midnight to midnight the night lies at both ends.
-    const double shift = ActivityAxis::range(m_table).first >= 43200.0 ? 0.0 : 86400.0;
     const QwtInterval evening = QwtInterval(times.sunset, times.eveningTwilight).normalized();
-    const QwtInterval morning =
-        QwtInterval(times.morningTwilight - shift, times.sunrise - shift).normalized();
+    const QwtInterval morning = QwtInterval(times.morningTwilight, times.sunrise).normalized();
     m_zones[0]->setTitle(label);
     checkLegend(); // a new title makes a new entry
     m_zones[0]->setInterval(evening);
-    m_zones[1]->setInterval(evening.maxValue(), morning.minValue() + shift);
+    m_zones[1]->setInterval(evening.maxValue(), morning.minValue());
     m_zones[2]->setInterval(morning);
-    if (shift > 0.0)
-        m_zones[3]->setInterval(0.0, morning.minValue());
     replot();
 }
 
@@ -241,9 +267,9 @@ void ActivityPlot::setShown(const QVariant& legendEntry, bool shown)
     if (item == nullptr)
         return;
     item->setVisible(shown);
-    for (std::size_t i = 0; i < m_zones.size() / 2; ++i)
-        if (item == m_zones[i])
-            m_zones[i + 2]->setVisible(shown);
+    checkLegend();
+    if (!m_zones.empty() && item == m_zones.front())
+        m_zones.back()->setVisible(shown);
     if (m_zoomers->left->zoomRectIndex() == 0)
         resetView();
     else
@@ -324,31 +350,44 @@ void ActivityPlot::divideAxes(const QRectF& view)
     replot();
 }
 
-/// Entries are made unchecked.
+/// The room for labels has changed.
+void ActivityPlot::resizeEvent(QResizeEvent* event)
+{
+    QwtPlot::resizeEvent(event);
+    const QwtInterval shown = axisInterval(QwtPlot::xBottom);
+    divideAxes(QRectF(shown.minValue(), 0.0, shown.width(), 0.0));
+}
+
+/// Entries are made unchecked. What is not shown is grey, too: a frame alone is easily overlooked.
 void ActivityPlot::checkLegend()
 {
+    QPalette grey = palette();
+    grey.setColor(QPalette::Text, grey.color(QPalette::Disabled, QPalette::Text));
     for (QwtPlotItem* item : itemList())
         for (QWidget* widget : m_legend->legendWidgets(itemToInfo(item)))
             if (auto* label = qobject_cast<QwtLegendLabel*>(widget)) {
                 const QSignalBlocker blocker(label);
                 label->setChecked(item->isVisible());
+                label->setPalette(item->isVisible() ? palette() : grey);
             }
 }
 
 bool ActivityPlot::exportTo(const QString& filePath)
 {
-    const bool isNew = !QFile::exists(filePath);
-    if (!QFile(filePath).open(QIODevice::ReadWrite)) // the renderer does not tell
+    const QString suffix = QFileInfo(filePath).suffix().toLower();
+    const QStringList documents{QStringLiteral("pdf"), QStringLiteral("svg")};
+    if (!documents.contains(suffix) && !QImageWriter::supportedImageFormats().contains(suffix.toLatin1()))
         return false;
+    // The renderer does not tell of failures, and what the file was would be lost.
+    const QTemporaryDir folder;
+    QFile draft(folder.filePath(QStringLiteral("plot.") + suffix));
     reduceLegend();
     QwtPlotRenderer renderer;
     renderer.setDiscardFlag(QwtPlotRenderer::DiscardBackground); // paper is white
-    renderer.renderDocument(this, filePath, QSizeF(300, 200), 85);
+    renderer.renderDocument(this, draft.fileName(), QSizeF(300, 200), 85);
     restoreLegend();
-    const bool isWritten = QFileInfo(filePath).size() > 0;
-    if (!isWritten && isNew)
-        QFile::remove(filePath);
-    return isWritten;
+    return draft.open(QIODevice::ReadOnly) && draft.size() > 0 &&
+           ExportFile::writeBytes(filePath, draft.readAll());
 }
 
 /// The legend forgets an entry for which it gets no data.

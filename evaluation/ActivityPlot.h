@@ -27,7 +27,7 @@ public:
     explicit ActivityPlot(ActivityKind kind, QWidget* parent = nullptr);
     ~ActivityPlot() override;
 
-    /// Makes the curves; their names and order stay. Call once, before anything is shown.
+    /// Makes the curves, all shown and without points, in place of those that there are.
     void initialise(const QStringList& curveNames);
 
     /// Classes without a colour of their own keep the default one.
@@ -53,13 +53,17 @@ public:
     void divideAxes(const QRectF& view);
 
     /// Writes the plot as a document, without the legend entries that are switched off; the suffix of the
-    /// file name decides on PDF, SVG or image. False when it cannot be written.
+    /// file name decides on PDF, SVG or image. False when it cannot be written or the suffix is of none of
+    /// them; an existing file is then as it was.
     bool exportTo(const QString& filePath);
 
     const QwtLegend& plotLegend() const { return *m_legend; }
 
 signals:
     void zoomed(const QRectF& view);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void initialiseAxes();
@@ -78,7 +82,7 @@ private:
     QwtLegend* m_legend;
     QwtPlotHistogram* m_validHours;
     QwtPlotTextLabel* m_message;
-    std::vector<QwtPlotZoneItem*> m_zones; ///< twilight and night, then the morning's
+    std::vector<QwtPlotZoneItem*> m_zones; ///< evening twilight, night, morning twilight
     std::vector<ActivityCurve*> m_curves;
     std::unique_ptr<ActivityZoomers> m_zoomers;
 };

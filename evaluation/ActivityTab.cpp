@@ -28,31 +28,33 @@ QPushButton* makeButton(const QString& text, const QString& name)
 } // namespace
 
 ActivityTab::ActivityTab(ActivityKind kind, QWidget* parent)
-    : QWidget(parent), m_kind(kind), m_plot(new ActivityPlot(kind)), m_controls(new QWidget)
+    : QWidget(parent), m_kind(kind), m_plot(new ActivityPlot(kind))
 {
-    const QString suffix = suffixOf(kind);
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(m_plot, 1);
-    layout->addWidget(m_controls);
-    auto* row = new QHBoxLayout(m_controls);
-    row->setContentsMargins(0, 0, 0, 0);
-    m_begin = addDateEdit(QStringLiteral("Begin:"), QStringLiteral("dateEditStart") + suffix);
-    m_end = addDateEdit(QStringLiteral("End:"), QStringLiteral("dateEditStop") + suffix);
-    addAxisBox();
+    (new QVBoxLayout(this))->addWidget(m_plot, 1);
+    m_plot->setMinimumSize(16 * fontMetrics().height(), 10 * fontMetrics().height()); // not for all labels
+    QBoxLayout& axes = *addRow();
+    m_begin = addDateEdit(axes, QStringLiteral("Begin:"), QStringLiteral("dateEditStart") + suffixOf(kind));
+    m_end = addDateEdit(axes, QStringLiteral("End:"), QStringLiteral("dateEditStop") + suffixOf(kind));
+    addAxisBox(axes);
+    axes.addStretch(1);
+    if (kind >= ActivityKind::Temperature)
+        addFileButton(*addRow());
+    QBoxLayout& below = *addRow();
     if (kind == ActivityKind::Days)
-        addQuantityBox();
-    row->addStretch(1);
-    QPushButton* exportPlot =
-        makeButton(QStringLiteral("Export Plot"), QStringLiteral("exportPlot") + suffix);
-    QPushButton* exportData =
-        makeButton(QStringLiteral("Export Plot Data"), QStringLiteral("exportPlotData") + suffix);
-    row->addWidget(exportPlot);
-    row->addWidget(exportData);
-    connect(exportPlot, &QPushButton::clicked, this, &ActivityTab::exportPlotClicked);
-    connect(exportData, &QPushButton::clicked, this, &ActivityTab::exportDataClicked);
+        addQuantityBox(below);
+    else
+        below.addStretch(1);
+    addExportButtons(below);
 }
 
-QDateEdit* ActivityTab::addDateEdit(const QString& label, const QString& name)
+QBoxLayout* ActivityTab::addRow()
+{
+    auto* row = new QHBoxLayout;
+    static_cast<QBoxLayout*>(layout())->addLayout(row);
+    return row;
+}
+
+QDateEdit* ActivityTab::addDateEdit(QBoxLayout& row, const QString& label, const QString& name)
 {
     auto* edit = new QDateEdit;
     edit->setObjectName(name);
@@ -64,23 +66,35 @@ QDateEdit* ActivityTab::addDateEdit(const QString& label, const QString& name)
             [this] { emit datesChanged(m_begin->date(), m_end->date()); });
     auto* text = new QLabel(label);
     text->setBuddy(edit);
-    m_controls->layout()->addWidget(text);
-    m_controls->layout()->addWidget(edit);
+    row.addWidget(text);
+    row.addWidget(edit);
     return edit;
 }
 
-void ActivityTab::addAxisBox()
+void ActivityTab::addAxisBox(QBoxLayout& row)
 {
     auto* box = new QComboBox;
     box->setObjectName(QStringLiteral("comboBoxAxis") + suffixOf(m_kind));
     box->addItems({QStringLiteral("linear"), QStringLiteral("logarithmic")});
     connect(box, qOverload<int>(&QComboBox::currentIndexChanged), this,
             [this](int index) { m_plot->setLogarithmic(index == 1); });
-    m_controls->layout()->addWidget(new QLabel(QStringLiteral("Left y-Axis:")));
-    m_controls->layout()->addWidget(box);
+    row.addWidget(new QLabel(QStringLiteral("Left y-Axis:")));
+    row.addWidget(box);
 }
 
-void ActivityTab::addQuantityBox()
+void ActivityTab::addExportButtons(QBoxLayout& row)
+{
+    QPushButton* exportPlot =
+        makeButton(QStringLiteral("Export Plot"), QStringLiteral("exportPlot") + suffixOf(m_kind));
+    QPushButton* exportData =
+        makeButton(QStringLiteral("Export Plot Data"), QStringLiteral("exportPlotData") + suffixOf(m_kind));
+    row.addWidget(exportPlot);
+    row.addWidget(exportData);
+    connect(exportPlot, &QPushButton::clicked, this, &ActivityTab::exportPlotClicked);
+    connect(exportData, &QPushButton::clicked, this, &ActivityTab::exportDataClicked);
+}
+
+void ActivityTab::addQuantityBox(QBoxLayout& row)
 {
     m_quantity = new QComboBox;
     m_quantity->setObjectName(QStringLiteral("comboBoxQuantityDays"));
@@ -91,7 +105,22 @@ void ActivityTab::addQuantityBox()
         m_quantity->setItemData(m_quantity->count() - 1, choice.text(), Qt::ToolTipRole);
     }
     connect(m_quantity, qOverload<int>(&QComboBox::currentIndexChanged), this, &ActivityTab::quantityChanged);
-    m_controls->layout()->addWidget(m_quantity);
+    row.addWidget(m_quantity, 1);
+}
+
+void ActivityTab::addFileButton(QBoxLayout& row)
+{
+    const QString text = m_kind == ActivityKind::WindSpeed
+                             ? QStringLiteral("Define Wind Speed Data File")
+                             : QStringLiteral("Define Temperature and Precipitation Data File");
+    QPushButton* button = makeButton(text, QStringLiteral("defineFile") + suffixOf(m_kind));
+    connect(button, &QPushButton::clicked, this, &ActivityTab::defineFileClicked);
+    m_fileText = new QLabel;
+    m_fileText->setObjectName(QStringLiteral("labelFile") + suffixOf(m_kind));
+    m_fileText->setTextFormat(Qt::PlainText);
+    m_fileText->setWordWrap(true);
+    row.addWidget(button);
+    row.addWidget(m_fileText, 1);
 }
 
 void ActivityTab::setDates(const QDate& begin, const QDate& end)
@@ -108,4 +137,17 @@ void ActivityTab::setQuantity(int index)
         return;
     const QSignalBlocker blocker(m_quantity);
     m_quantity->setCurrentIndex(index);
+}
+
+void ActivityTab::setFileText(const QString& text)
+{
+    if (m_fileText != nullptr)
+        m_fileText->setText(text);
+}
+
+void ActivityTab::leaveRoom(int width)
+{
+    QMargins margins = layout()->contentsMargins();
+    margins.setRight(margins.right() + width);
+    layout()->setContentsMargins(margins);
 }

@@ -27,7 +27,8 @@ LoadWindDialog::LoadWindDialog(QWidget* parent, const QString& fileName, Activit
     : QDialog(parent),
       m_ui(std::make_unique<Ui::LoadWindDialog>()),
       m_fileName(fileName),
-      m_settings(settings)
+      m_settings(settings),
+      m_zone(settings.windZone())
 {
     m_ui->setupUi(this);
     m_ui->treeWidget->setHeaderLabels(
@@ -50,7 +51,7 @@ void LoadWindDialog::showSettings()
     m_ui->comboBox_4->setCurrentText(QString(QLatin1Char(format.decimalSeparator)));
     m_ui->comboBox_5->setCurrentIndex(indexOfSeparator(format.separator1));
     m_ui->comboBox_6->setCurrentIndex(indexOfSeparator(format.separator2));
-    m_ui->comboBox_2->setCurrentIndex(TimeZoneChoice::indexOf(m_settings.windZone()));
+    m_ui->comboBox_2->setCurrentIndex(TimeZoneChoice::indexOf(m_zone));
     m_ui->checkBox->setChecked(m_settings.windDaylightSaving());
     m_ui->radioButton->setChecked(format.definition == WindFormat::Definition::Beginning);
     m_ui->radioButton_2->setChecked(format.definition == WindFormat::Definition::End);
@@ -72,23 +73,20 @@ WindFormat LoadWindDialog::format() const
     return format;
 }
 
-/// Looks at the first piece of the file at most, however it is written.
 void LoadWindDialog::createPreview()
 {
     if (!m_isReady)
         return;
-    const WeatherRead read = WeatherFile::readWind(
-        m_fileName, format(), [](double) { return false; }, previewedEntries);
-    const QString dateFormat =
-        QString(format().dateFormat).replace(QStringLiteral("mm"), QStringLiteral("MM"));
+    const WindFormat chosen = format();
+    const WeatherRead read = WeatherFile::previewWind(m_fileName, chosen, previewedEntries);
+    const QString dateFormat = QString(chosen.dateFormat).replace(QStringLiteral("mm"), QStringLiteral("MM"));
+    const QLocale c = QLocale::c();
     m_ui->treeWidget->clear();
-    for (const WeatherSample& sample : read.windSpeed) {
-        const QLocale c = QLocale::c();
+    for (const WeatherSample& sample : read.windSpeed)
         new QTreeWidgetItem(m_ui->treeWidget,
                             {c.toString(RecorderClock::dateOfWall(sample.time), dateFormat),
-                             c.toString(RecorderClock::timeOfWall(sample.time), QStringLiteral("hh:mm:ss")),
+                             c.toString(RecorderClock::timeOfWall(sample.time), chosen.timeFormat),
                              QString::number(static_cast<double>(sample.value), 'g', 6)});
-    }
     m_ui->labelRead->setText(read.isOpened ? QStringLiteral("Begin of the file: ") + read.text()
                                            : QStringLiteral("The file cannot be opened."));
 }
@@ -100,6 +98,8 @@ void LoadWindDialog::on_comboBox_currentTextChanged(const QString& /*dateFormat*
 
 void LoadWindDialog::on_comboBox_2_currentIndexChanged(int /*zone*/)
 {
+    if (m_isReady)
+        m_zone = selectedZone(*m_ui->comboBox_2);
     createPreview();
 }
 
@@ -148,6 +148,6 @@ void LoadWindDialog::on_radioButton_3_toggled(bool round)
 
 void LoadWindDialog::on_buttonBox_accepted()
 {
-    m_settings.setWind(format(), selectedZone(*m_ui->comboBox_2), m_ui->checkBox->isChecked());
+    m_settings.setWind(format(), m_zone, m_ui->checkBox->isChecked());
     accept();
 }

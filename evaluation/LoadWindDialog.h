@@ -2,6 +2,7 @@
 #define SONAVIA_EVALUATION_LOADWINDDIALOG_H
 
 #include <QDialog>
+#include <QTimeZone>
 
 #include <memory>
 
@@ -45,6 +46,7 @@ private:
     std::unique_ptr<Ui::LoadWindDialog> m_ui;
     QString m_fileName;
     ActivitySettings& m_settings;
+    QTimeZone m_zone;       ///< the box has one zone of each name, which may be another until it is used
     bool m_isReady = false; ///< the settings are shown and changes are the user's
 };
 

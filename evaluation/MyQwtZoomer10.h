@@ -1,19 +1,15 @@
 #ifndef SONAVIA_EVALUATION_MYQWTZOOMER10_H
 #define SONAVIA_EVALUATION_MYQWTZOOMER10_H
 
-#include "viewer/ClampedZoomer.h"
+#include "evaluation/ActivityZoomer.h"
 
 /// Lets the valid hours of the plot over the time of day follow its zoom.
-/// It zooms the right axis and shows nothing of its own; the shortest stretch is half an hour.
-class MyQwtZoomer10 : public ClampedZoomer
+class MyQwtZoomer10 : public ActivityZoomer
 {
     Q_OBJECT
 
 public:
-    explicit MyQwtZoomer10(QWidget* canvas);
-
-protected:
-    QSizeF minZoomSize() const override;
+    explicit MyQwtZoomer10(QWidget* canvas) : ActivityZoomer(ActivityKind::Time, Axes::Right, canvas) {}
 };
 
 #endif

@@ -1,19 +1,15 @@
 #ifndef SONAVIA_EVALUATION_MYQWTZOOMER3_H
 #define SONAVIA_EVALUATION_MYQWTZOOMER3_H
 
-#include "viewer/ClampedZoomer.h"
+#include "evaluation/ActivityZoomer.h"
 
-/// Zooms the plot over the time of day: it tells position and activity.
-/// The shortest stretch of the axis is half an hour.
-class MyQwtZoomer3 : public ClampedZoomer
+/// Zooms the plot over the time of day and tells position and activity.
+class MyQwtZoomer3 : public ActivityZoomer
 {
     Q_OBJECT
 
 public:
-    explicit MyQwtZoomer3(QWidget* canvas);
-
-protected:
-    QSizeF minZoomSize() const override;
+    explicit MyQwtZoomer3(QWidget* canvas) : ActivityZoomer(ActivityKind::Time, Axes::Left, canvas) {}
 };
 
 #endif

@@ -1,19 +1,15 @@
 #ifndef SONAVIA_EVALUATION_MYQWTZOOMER4_H
 #define SONAVIA_EVALUATION_MYQWTZOOMER4_H
 
-#include "viewer/ClampedZoomer.h"
+#include "evaluation/ActivityZoomer.h"
 
-/// Zooms the plot over days: it tells position and activity.
-/// The shortest stretch of the axis is a day.
-class MyQwtZoomer4 : public ClampedZoomer
+/// Zooms the plot over days and tells position and activity.
+class MyQwtZoomer4 : public ActivityZoomer
 {
     Q_OBJECT
 
 public:
-    explicit MyQwtZoomer4(QWidget* canvas);
-
-protected:
-    QSizeF minZoomSize() const override;
+    explicit MyQwtZoomer4(QWidget* canvas) : ActivityZoomer(ActivityKind::Days, Axes::Left, canvas) {}
 };
 
 #endif

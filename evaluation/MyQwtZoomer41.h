@@ -1,19 +1,15 @@
 #ifndef SONAVIA_EVALUATION_MYQWTZOOMER41_H
 #define SONAVIA_EVALUATION_MYQWTZOOMER41_H
 
-#include "viewer/ClampedZoomer.h"
+#include "evaluation/ActivityZoomer.h"
 
 /// Lets the valid hours of the plot over days follow its zoom.
-/// It zooms the right axis and shows nothing of its own; the shortest stretch is a day.
-class MyQwtZoomer41 : public ClampedZoomer
+class MyQwtZoomer41 : public ActivityZoomer
 {
     Q_OBJECT
 
 public:
-    explicit MyQwtZoomer41(QWidget* canvas);
-
-protected:
-    QSizeF minZoomSize() const override;
+    explicit MyQwtZoomer41(QWidget* canvas) : ActivityZoomer(ActivityKind::Days, Axes::Right, canvas) {}
 };
 
 #endif

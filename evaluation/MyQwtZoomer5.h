@@ -1,19 +1,15 @@
 #ifndef SONAVIA_EVALUATION_MYQWTZOOMER5_H
 #define SONAVIA_EVALUATION_MYQWTZOOMER5_H
 
-#include "viewer/ClampedZoomer.h"
+#include "evaluation/ActivityZoomer.h"
 
-/// Zooms the plot over months: it tells position and activity.
-/// The shortest stretch of the axis is a month.
-class MyQwtZoomer5 : public ClampedZoomer
+/// Zooms the plot over months and tells position and activity.
+class MyQwtZoomer5 : public ActivityZoomer
 {
     Q_OBJECT
 
 public:
-    explicit MyQwtZoomer5(QWidget* canvas);
-
-protected:
-    QSizeF minZoomSize() const override;
+    explicit MyQwtZoomer5(QWidget* canvas) : ActivityZoomer(ActivityKind::Months, Axes::Left, canvas) {}
 };
 
 #endif

@@ -1,19 +1,15 @@
 #ifndef SONAVIA_EVALUATION_MYQWTZOOMER51_H
 #define SONAVIA_EVALUATION_MYQWTZOOMER51_H
 
-#include "viewer/ClampedZoomer.h"
+#include "evaluation/ActivityZoomer.h"
 
 /// Lets the valid hours of the plot over months follow its zoom.
-/// It zooms the right axis and shows nothing of its own; the shortest stretch is a month.
-class MyQwtZoomer51 : public ClampedZoomer
+class MyQwtZoomer51 : public ActivityZoomer
 {
     Q_OBJECT
 
 public:
-    explicit MyQwtZoomer51(QWidget* canvas);
-
-protected:
-    QSizeF minZoomSize() const override;
+    explicit MyQwtZoomer51(QWidget* canvas) : ActivityZoomer(ActivityKind::Months, Axes::Right, canvas) {}
 };
 
 #endif

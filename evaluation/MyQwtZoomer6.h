@@ -1,19 +1,15 @@
 #ifndef SONAVIA_EVALUATION_MYQWTZOOMER6_H
 #define SONAVIA_EVALUATION_MYQWTZOOMER6_H
 
-#include "viewer/ClampedZoomer.h"
+#include "evaluation/ActivityZoomer.h"
 
-/// Zooms the plot over night time: it tells position and activity.
-/// The shortest stretch of the axis is a tenth of the night.
-class MyQwtZoomer6 : public ClampedZoomer
+/// Zooms the plot over night time and tells position and activity.
+class MyQwtZoomer6 : public ActivityZoomer
 {
     Q_OBJECT
 
 public:
-    explicit MyQwtZoomer6(QWidget* canvas);
-
-protected:
-    QSizeF minZoomSize() const override;
+    explicit MyQwtZoomer6(QWidget* canvas) : ActivityZoomer(ActivityKind::NightTime, Axes::Left, canvas) {}
 };
 
 #endif

@@ -1,19 +1,15 @@
 #ifndef SONAVIA_EVALUATION_MYQWTZOOMER61_H
 #define SONAVIA_EVALUATION_MYQWTZOOMER61_H
 
-#include "viewer/ClampedZoomer.h"
+#include "evaluation/ActivityZoomer.h"
 
 /// Lets the valid hours of the plot over night time follow its zoom.
-/// It zooms the right axis and shows nothing of its own; the shortest stretch is a tenth of the night.
-class MyQwtZoomer61 : public ClampedZoomer
+class MyQwtZoomer61 : public ActivityZoomer
 {
     Q_OBJECT
 
 public:
-    explicit MyQwtZoomer61(QWidget* canvas);
-
-protected:
-    QSizeF minZoomSize() const override;
+    explicit MyQwtZoomer61(QWidget* canvas) : ActivityZoomer(ActivityKind::NightTime, Axes::Right, canvas) {}
 };
 
 #endif

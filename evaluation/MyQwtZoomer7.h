@@ -1,19 +1,15 @@
 #ifndef SONAVIA_EVALUATION_MYQWTZOOMER7_H
 #define SONAVIA_EVALUATION_MYQWTZOOMER7_H
 
-#include "viewer/ClampedZoomer.h"
+#include "evaluation/ActivityZoomer.h"
 
-/// Zooms the plot over temperature: it tells position and activity.
-/// The shortest stretch of the axis is two degrees.
-class MyQwtZoomer7 : public ClampedZoomer
+/// Zooms the plot over temperature and tells position and activity.
+class MyQwtZoomer7 : public ActivityZoomer
 {
     Q_OBJECT
 
 public:
-    explicit MyQwtZoomer7(QWidget* canvas);
-
-protected:
-    QSizeF minZoomSize() const override;
+    explicit MyQwtZoomer7(QWidget* canvas) : ActivityZoomer(ActivityKind::Temperature, Axes::Left, canvas) {}
 };
 
 #endif

@@ -1,19 +1,16 @@
 #ifndef SONAVIA_EVALUATION_MYQWTZOOMER71_H
 #define SONAVIA_EVALUATION_MYQWTZOOMER71_H
 
-#include "viewer/ClampedZoomer.h"
+#include "evaluation/ActivityZoomer.h"
 
 /// Lets the valid hours of the plot over temperature follow its zoom.
-/// It zooms the right axis and shows nothing of its own; the shortest stretch is two degrees.
-class MyQwtZoomer71 : public ClampedZoomer
+class MyQwtZoomer71 : public ActivityZoomer
 {
     Q_OBJECT
 
 public:
-    explicit MyQwtZoomer71(QWidget* canvas);
-
-protected:
-    QSizeF minZoomSize() const override;
+    explicit MyQwtZoomer71(QWidget* canvas) : ActivityZoomer(ActivityKind::Temperature, Axes::Right, canvas)
+    {}
 };
 
 #endif

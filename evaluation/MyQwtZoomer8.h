@@ -1,19 +1,16 @@
 #ifndef SONAVIA_EVALUATION_MYQWTZOOMER8_H
 #define SONAVIA_EVALUATION_MYQWTZOOMER8_H
 
-#include "viewer/ClampedZoomer.h"
+#include "evaluation/ActivityZoomer.h"
 
-/// Zooms the plot over precipitation: it tells position and activity.
-/// The shortest stretch of the axis is a bin.
-class MyQwtZoomer8 : public ClampedZoomer
+/// Zooms the plot over precipitation and tells position and activity.
+class MyQwtZoomer8 : public ActivityZoomer
 {
     Q_OBJECT
 
 public:
-    explicit MyQwtZoomer8(QWidget* canvas);
-
-protected:
-    QSizeF minZoomSize() const override;
+    explicit MyQwtZoomer8(QWidget* canvas) : ActivityZoomer(ActivityKind::Precipitation, Axes::Left, canvas)
+    {}
 };
 
 #endif

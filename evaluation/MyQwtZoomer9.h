@@ -1,19 +1,15 @@
 #ifndef SONAVIA_EVALUATION_MYQWTZOOMER9_H
 #define SONAVIA_EVALUATION_MYQWTZOOMER9_H
 
-#include "viewer/ClampedZoomer.h"
+#include "evaluation/ActivityZoomer.h"
 
-/// Zooms the plot over wind speed: it tells position and activity.
-/// The shortest stretch of the axis is a bin.
-class MyQwtZoomer9 : public ClampedZoomer
+/// Zooms the plot over wind speed and tells position and activity.
+class MyQwtZoomer9 : public ActivityZoomer
 {
     Q_OBJECT
 
 public:
-    explicit MyQwtZoomer9(QWidget* canvas);
-
-protected:
-    QSizeF minZoomSize() const override;
+    explicit MyQwtZoomer9(QWidget* canvas) : ActivityZoomer(ActivityKind::WindSpeed, Axes::Left, canvas) {}
 };
 
 #endif

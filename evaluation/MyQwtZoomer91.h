@@ -1,19 +1,15 @@
 #ifndef SONAVIA_EVALUATION_MYQWTZOOMER91_H
 #define SONAVIA_EVALUATION_MYQWTZOOMER91_H
 
-#include "viewer/ClampedZoomer.h"
+#include "evaluation/ActivityZoomer.h"
 
 /// Lets the valid hours of the plot over wind speed follow its zoom.
-/// It zooms the right axis and shows nothing of its own; the shortest stretch is a bin.
-class MyQwtZoomer91 : public ClampedZoomer
+class MyQwtZoomer91 : public ActivityZoomer
 {
     Q_OBJECT
 
 public:
-    explicit MyQwtZoomer91(QWidget* canvas);
-
-protected:
-    QSizeF minZoomSize() const override;
+    explicit MyQwtZoomer91(QWidget* canvas) : ActivityZoomer(ActivityKind::WindSpeed, Axes::Right, canvas) {}
 };
 
 #endif

@@ -4,6 +4,7 @@
 #include "ui_invalidTimesDialog.h"
 
 #include <QDateTimeEdit>
+#include <QHeaderView>
 
 namespace {
 
@@ -18,7 +19,7 @@ invalidTimesDialog::invalidTimesDialog(QWidget* parent, const QString& invalidTi
     m_ui->setupUi(this);
     m_ui->treeWidget->setHeaderLabels(
         {QStringLiteral("number"), QStringLiteral("Begin"), QStringLiteral("End")});
-    m_ui->treeWidget->setColumnWidth(0, 50);
+    m_ui->treeWidget->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     m_ui->treeWidget->setColumnWidth(beginColumn, 170);
     for (const InvalidPeriod& period : invalidPeriods(invalidTimes))
         addRow(period);
@@ -55,12 +56,14 @@ void invalidTimesDialog::on_pushButton_clicked()
 {
     const QDateTime newYear(QDate(QDate::currentDate().year(), 1, 1), QTime(0, 0), Qt::UTC);
     addRow({newYear, newYear});
+    QTreeWidget* tree = m_ui->treeWidget;
+    tree->setCurrentItem(tree->topLevelItem(tree->topLevelItemCount() - 1));
 }
 
 void invalidTimesDialog::on_pushButton_2_clicked()
 {
     QTreeWidget* tree = m_ui->treeWidget;
-    delete tree->currentItem();
+    qDeleteAll(tree->selectedItems());
     for (int i = 0; i < tree->topLevelItemCount(); ++i)
         tree->topLevelItem(i)->setText(0, QString::number(i + 1));
 }

@@ -17,6 +17,7 @@
 #include <QImageWriter>
 #include <QProgressDialog>
 #include <QScrollBar>
+#include <QTabBar>
 #include <qwt_legend.h>
 
 #include <algorithm>
@@ -64,16 +65,16 @@ class WaitBox : public QProgressDialog
 {
 public:
     WaitBox(const QString& text, const QString& cancelText, QWidget* parent)
-        : QProgressDialog(text, cancelText, 0, 100, parent)
+        : QProgressDialog(text, cancelText, 0, 1000, parent) // events come in at every step
     {
         setWindowTitle(QStringLiteral("Please wait"));
         setWindowModality(Qt::WindowModal);
-        setMinimumDuration(500);
+        setMinimumDuration(200);
         setValue(0);
     }
     bool advance(double share)
     {
-        setValue(static_cast<int>(share * 100.0));
+        setValue(static_cast<int>(share * 1000.0));
         return !wasCanceled();
     }
 };
@@ -123,10 +124,9 @@ plotFolderDialog::plotFolderDialog(const QString& folder, const std::vector<Reco
     m_ui->setupUi(this);
     setWindowTitle(QStringLiteral("Activity Plots"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    const int scrollBar = m_ui->scrollArea->verticalScrollBar()->sizeHint().width();
-    m_ui->scrollArea->setFixedWidth(m_ui->settingsPane->minimumSizeHint().width() + scrollBar);
     addTabs();
     showSettings();
+    placeSettings();
     connectSettings();
     applyPlan();
 }
@@ -150,6 +150,21 @@ void plotFolderDialog::addTabs()
     connect(m_ui->tabWidget, &QTabWidget::currentChanged, this, &plotFolderDialog::refresh);
 }
 
+/// The settings lie over the right part of each tab, so that the names of the tabs have the whole width.
+void plotFolderDialog::placeSettings()
+{
+    m_ui->labelInvalidTimes->setMinimumWidth(
+        fontMetrics().horizontalAdvance(QStringLiteral("00.00.0000 00:00-00.00.0000 00:00")));
+    m_ui->gridLayout->setRowMinimumHeight(0, m_ui->tabWidget->tabBar()->sizeHint().height());
+    const int scrollBar = m_ui->scrollArea->verticalScrollBar()->sizeHint().width();
+    m_ui->scrollArea->setFixedWidth(m_ui->settingsPane->minimumSizeHint().width() + scrollBar);
+    m_ui->scrollArea->viewport()->setAutoFillBackground(false); // one surface with the tab
+    m_ui->settingsPane->setAutoFillBackground(false);
+    m_ui->settings->raise();
+    for (ActivityTab* each : m_tabs)
+        each->leaveRoom(m_ui->settings->sizeHint().width());
+}
+
 void plotFolderDialog::connectTab(ActivityTab* tab)
 {
     const ActivityKind kind = tab->kind();
@@ -164,6 +179,9 @@ void plotFolderDialog::connectTab(ActivityTab* tab)
     connect(tab, &ActivityTab::exportPlotClicked, this, [this, kind] { exportPlot(kind); });
     connect(tab, &ActivityTab::exportDataClicked, this,
             [this, kind] { (this->*slotsOf(kind).plotFunction)(false, true); });
+    connect(tab, &ActivityTab::defineFileClicked, this,
+            kind == ActivityKind::WindSpeed ? &plotFolderDialog::defineWindFile
+                                            : &plotFolderDialog::defineTemperatureFile);
 }
 
 void plotFolderDialog::showSettings()
@@ -215,9 +233,6 @@ void plotFolderDialog::connectSettings()
     connect(m_ui->comboBoxYear, qOverload<int>(&QComboBox::activated), this, &plotFolderDialog::yearChosen);
     connect(m_ui->pushButtonInvalidTimes, &QPushButton::clicked, this, &plotFolderDialog::editInvalidTimes);
     connect(m_ui->pushButtonColors, &QPushButton::clicked, this, &plotFolderDialog::editColors);
-    connect(m_ui->pushButtonTemperature, &QPushButton::clicked, this,
-            &plotFolderDialog::defineTemperatureFile);
-    connect(m_ui->pushButtonWind, &QPushButton::clicked, this, &plotFolderDialog::defineWindFile);
 }
 
 void plotFolderDialog::settingsChanged()
@@ -254,7 +269,7 @@ void plotFolderDialog::yearChosen()
 void plotFolderDialog::applyPlan()
 {
     m_plan.year = m_plan.begin.year();
-    m_model.setPlan(m_plan);
+    m_hasNewPlan = true;
     showPlan();
     m_isCurrent.fill(false);
     refresh();
@@ -285,10 +300,10 @@ void plotFolderDialog::plotFunction(ActivityKind kind, bool init, bool exportDat
 {
     if (init)
         initPlot(kind);
+    if (!exportData || !m_isCurrent[static_cast<std::size_t>(kind)])
+        compute(kind);
     if (exportData)
         this->exportData(kind);
-    else
-        compute(kind);
 }
 
 /// Waiting boxes let events in: what arrives in between is computed afterwards.
@@ -299,6 +314,9 @@ void plotFolderDialog::compute(ActivityKind kind)
         return;
     }
     m_isBusy = true;
+    if (m_hasNewPlan)
+        m_model.setPlan(m_plan);
+    m_hasNewPlan = false;
     loadWeather(kind);
     m_isCurrent[static_cast<std::size_t>(kind)] = true;
     ActivityPlot& plot = tab(kind).plot();
@@ -346,15 +364,23 @@ void plotFolderDialog::exportData(ActivityKind kind)
 
 void plotFolderDialog::exportPlot(ActivityKind kind)
 {
-    QString path =
-        QFileDialog::getSaveFileName(this, QStringLiteral("Export File Name"),
-                                     m_folder + QLatin1String(slotsOf(kind).exportName), plotFilter());
-    if (path.isEmpty())
-        return;
-    if (QFileInfo(path).suffix().isEmpty())
-        path += QStringLiteral(".pdf");
-    if (!tab(kind).plot().exportTo(path))
+    const QString path = askPlotFile(m_folder + QLatin1String(slotsOf(kind).exportName));
+    if (!path.isEmpty() && !tab(kind).plot().exportTo(path))
         m_prompts.fail(QStringLiteral("Error"), ExportFile::failureText());
+}
+
+/// A name without a suffix gets that of the filter before the user is asked whether to overwrite the file.
+QString plotFolderDialog::askPlotFile(const QString& proposal)
+{
+    QFileDialog dialog(this, QStringLiteral("Export File Name"), QFileInfo(proposal).path(), plotFilter());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.selectFile(proposal);
+    dialog.setDefaultSuffix(QStringLiteral("pdf"));
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
+        const bool isImage = filter.startsWith(QLatin1String("Images"));
+        dialog.setDefaultSuffix(isImage ? QStringLiteral("png") : filter.left(3).toLower());
+    });
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().constFirst() : QString();
 }
 
 void plotFolderDialog::editInvalidTimes()
@@ -425,10 +451,10 @@ void plotFolderDialog::readTemperatureFile()
         return;
     m_hasReadTemperature = true;
     WaitBox box(QStringLiteral("Reading weather data..."), QStringLiteral("Cancel"), this);
-    const WeatherRead read =
-        WeatherFile::readTemperature(path, [&](double share) { return box.advance(share); });
-    m_model.setTemperature(read);
-    m_ui->labelTemperature->setText(fileText(path, read));
+    WeatherRead read = WeatherFile::readTemperature(path, [&](double share) { return box.advance(share); });
+    tab(ActivityKind::Temperature).setFileText(fileText(path, read));
+    tab(ActivityKind::Precipitation).setFileText(fileText(path, read));
+    m_model.setTemperature(std::move(read));
 }
 
 void plotFolderDialog::readWindFile()
@@ -438,8 +464,8 @@ void plotFolderDialog::readWindFile()
         return;
     m_hasReadWind = true;
     WaitBox box(QStringLiteral("Reading weather data..."), QStringLiteral("Cancel"), this);
-    const WeatherRead read = WeatherFile::readWind(path, m_settings.windFormat(),
-                                                   [&](double share) { return box.advance(share); });
-    m_model.setWind(read, m_settings.windZone(), m_settings.windDaylightSaving());
-    m_ui->labelWind->setText(fileText(path, read));
+    WeatherRead read = WeatherFile::readWind(path, m_settings.windFormat(),
+                                             [&](double share) { return box.advance(share); });
+    tab(ActivityKind::WindSpeed).setFileText(fileText(path, read));
+    m_model.setWind(std::move(read), m_settings.windZone(), m_settings.windDaylightSaving());
 }

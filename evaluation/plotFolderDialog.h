@@ -11,7 +11,6 @@
 
 class ActivitySettings;
 class ActivityTab;
-class QProgressDialog;
 class UserPrompts;
 
 namespace Ui {
@@ -77,6 +76,7 @@ private:
     void addTabs();
     void connectTab(ActivityTab* tab);
     void showSettings();
+    void placeSettings();
     void showYears();
     void connectSettings();
 
@@ -92,6 +92,7 @@ private:
     void refresh();
     void exportData(ActivityKind kind);
     void exportPlot(ActivityKind kind);
+    QString askPlotFile(const QString& proposal);
 
     void editInvalidTimes();
     void editColors();
@@ -109,6 +110,7 @@ private:
     MonitoringPlan m_plan;
     std::array<ActivityTab*, kindCount> m_tabs{};
     std::array<bool, kindCount> m_isCurrent{}; ///< the plot shows what the settings say
+    bool m_hasNewPlan = true;                  ///< that the model does not know yet
     bool m_isBusy = false;
     bool m_hasReadTemperature = false;
     bool m_hasReadWind = false;

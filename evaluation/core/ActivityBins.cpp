@@ -72,7 +72,10 @@ ActivityBins filledByValue(ActivityBins bins, const MonitoringCalendar& calendar
         qint64 stop = samples[i].time + sampleLength;
         if (i + 1 < samples.size())
             stop = qMin(stop, samples[i + 1].time);
-        spans[bin].push_back({samples[i].time, stop});
+        if (!spans[bin].empty() && spans[bin].back().stop == samples[i].time)
+            spans[bin].back().stop = stop;
+        else
+            spans[bin].push_back({samples[i].time, stop});
     }
     for (std::size_t i = 0; i < bins.size(); ++i)
         bins[i].spans = intersection(united(std::move(spans[i])), calendar.monitored());

@@ -1,5 +1,7 @@
 #include "evaluation/core/ActivityModel.h"
 
+#include <utility>
+
 ActivityModel::ActivityModel(const std::vector<RecordingRow>& rows) : m_recordings(rows)
 {}
 
@@ -13,17 +15,17 @@ void ActivityModel::setPlan(const MonitoringPlan& plan)
     m_windSpeed.reset();
 }
 
-void ActivityModel::setTemperature(const WeatherRead& read)
+void ActivityModel::setTemperature(WeatherRead read)
 {
-    m_weather.temperature = read.temperature;
-    m_weather.precipitation = read.precipitation;
+    m_weather.temperature = std::move(read.temperature);
+    m_weather.precipitation = std::move(read.precipitation);
     m_temperature.reset();
     m_precipitation.reset();
 }
 
-void ActivityModel::setWind(const WeatherRead& read, const QTimeZone& zone, bool daylightSaving)
+void ActivityModel::setWind(WeatherRead read, const QTimeZone& zone, bool daylightSaving)
 {
-    m_weather.windSpeed = read.windSpeed;
+    m_weather.windSpeed = std::move(read.windSpeed);
     m_windZone = zone;
     m_windDaylightSaving = daylightSaving;
     m_windSpeed.reset();

@@ -21,9 +21,9 @@ public:
     const MonitoringPlan& plan() const { return m_plan; }
 
     /// Temperature and precipitation are in the time of the recorder's clock.
-    void setTemperature(const WeatherRead& read);
+    void setTemperature(WeatherRead read);
     /// Wind is in the time of a clock of its own.
-    void setWind(const WeatherRead& read, const QTimeZone& zone, bool daylightSaving);
+    void setWind(WeatherRead read, const QTimeZone& zone, bool daylightSaving);
 
     /// Whether there is weather of the year for the plots that need it; true for the others.
     bool hasData(ActivityKind kind);

@@ -49,11 +49,15 @@ namespace ExportFile {
 
 bool write(const QString& path, const QString& text)
 {
+    return writeBytes(path, text.toUtf8());
+}
+
+bool writeBytes(const QString& path, const QByteArray& bytes)
+{
     const QString target = realPath(path);
     const QFileInfo old(target);
     if (old.exists() && (!old.isFile() || !old.isWritable()))
         return false;
-    const QByteArray bytes = text.toUtf8();
     NewFile file(target);
     return file.file().isOpen() ? replace(file, old, bytes) : overwrite(target, bytes);
 }

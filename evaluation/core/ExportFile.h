@@ -9,6 +9,8 @@ namespace ExportFile {
 /// new one is complete beside it, and also when that fails. A file in a folder that takes no new ones is
 /// overwritten in place, and gets its old bytes back when that fails. False when it cannot be written.
 bool write(const QString& path, const QString& text);
+/// The same with bytes as they are.
+bool writeBytes(const QString& path, const QByteArray& bytes);
 
 /// What the user is told then.
 QString failureText();

@@ -68,24 +68,23 @@ double SunTimes::altitudeOf(const QString& twilightName)
     return horizonAltitude;
 }
 
-double SunTimes::clockHours(Event event, const QDate& date, const GeoPosition& position,
-                            const QString& twilightName, double offsetHours, int daylightHours)
+double SunTimes::clockHours(Event event, const QDate& date, const GeoPosition& position, double altitude,
+                            double offsetHours, int daylightHours)
 {
-    const std::optional<double> hours = universalTime(event, date, position, altitudeOf(twilightName));
-    return hours ? broughtInto(*hours + offsetHours + daylightHours, 24.0) : -1.0;
+    const std::optional<double> hours = universalTime(event, date, position, altitude);
+    return hours ? broughtInto(*hours + offsetHours + daylightHours, 24.0) : noEvent;
 }
 
 SunTimes::Day SunTimes::day(const QDate& date, const GeoPosition& position, double altitude,
                             double offsetHours, int daylightHours)
 {
-    const double offset = offsetHours + daylightHours;
     // A clock that is put forward must not move the noon to another day.
     const double noon = broughtInto(12.0 - position.longitude / 15.0 + offsetHours, 24.0) + daylightHours;
     const auto seconds = [&](Event event, double earliest) -> std::optional<qint64> {
-        const std::optional<double> hours = universalTime(event, date, position, altitude);
-        if (!hours)
+        const double hours = clockHours(event, date, position, altitude, offsetHours, daylightHours);
+        if (hours < 0.0)
             return std::nullopt;
-        return std::llround((earliest + broughtInto(*hours + offset - earliest, 24.0)) * 3600.0);
+        return std::llround((earliest + broughtInto(hours - earliest, 24.0)) * 3600.0);
     };
     // The equation of time moves the true noon by a quarter of an hour at most.
     constexpr double leeway = 0.5;

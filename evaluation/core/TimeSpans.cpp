@@ -5,8 +5,9 @@
 
 TimeSpans united(std::vector<TimeSpan> spans)
 {
-    std::sort(spans.begin(), spans.end(),
-              [](const TimeSpan& a, const TimeSpan& b) { return a.start < b.start; });
+    const auto isEarlier = [](const TimeSpan& a, const TimeSpan& b) { return a.start < b.start; };
+    if (!std::is_sorted(spans.begin(), spans.end(), isEarlier))
+        std::sort(spans.begin(), spans.end(), isEarlier);
     TimeSpans result;
     for (const TimeSpan& span : spans) {
         if (span.length() <= 0)

@@ -3,7 +3,7 @@
 #include "evaluation/core/RecorderClock.h"
 
 #include <QFile>
-#include <QStringList>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <array>
@@ -19,6 +19,7 @@ using Text = std::string_view;
 
 constexpr std::size_t longestLine = 4096;
 constexpr qint64 pieceSize = qint64(512) * 1024;
+constexpr double readingShare = 0.9; ///< of the work; bringing in order is the rest
 
 bool isIgnored(char c)
 {
@@ -61,7 +62,7 @@ int wholeNumber(Text digits)
 /// With a "." as decimal point. What is not finite is no value.
 std::optional<float> finiteNumber(Text text)
 {
-    if (!text.empty() && text.front() == '+')
+    if (text.size() > 1 && text.front() == '+' && text[1] != '-')
         text.remove_prefix(1);
     float value = 0.0F;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
@@ -121,7 +122,9 @@ public:
     void read(WeatherRead& result, const Take& take, const Enough& isEnough,
               const WeatherFile::Progress& progress)
     {
-        result.isOpened = m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+        // Devices and pipes have no end.
+        result.isOpened =
+            QFileInfo(m_file).isFile() && m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
         if (!result.isOpened)
             return;
         QByteArray piece(static_cast<int>(pieceSize), Qt::Uninitialized);
@@ -139,7 +142,7 @@ public:
                 return;
             position += count;
             const double total = static_cast<double>(std::max(m_file.size(), position));
-            if (progress && !progress(static_cast<double>(position) / total))
+            if (progress && !progress(readingShare * static_cast<double>(position) / total))
                 return;
         }
         if (!m_rest.empty() || m_isTooLong)
@@ -272,23 +275,72 @@ bool isEarlier(const WeatherSample& a, const WeatherSample& b)
     return a.time < b.time;
 }
 
-void bringInOrder(WeatherSamples& samples)
+/// Keeps the first of several samples of a time. Returns how many others there were.
+qint64 makeUnique(WeatherSamples& samples)
 {
-    std::stable_sort(samples.begin(), samples.end(), isEarlier);
-    samples.erase(
-        std::unique(samples.begin(), samples.end(),
-                    [](const WeatherSample& a, const WeatherSample& b) { return a.time == b.time; }),
-        samples.end());
+    const auto end = std::unique(samples.begin(), samples.end(),
+                                 [](const auto& a, const auto& b) { return a.time == b.time; });
+    const qint64 others = samples.end() - end;
+    samples.erase(end, samples.end());
+    if (samples.size() < samples.capacity() / 2)
+        samples.shrink_to_fit();
+    return others;
+}
+
+/// A stable merge sort that calls `step` with the number of samples moved, every few milliseconds: millions
+/// of samples take seconds.
+template <typename Step>
+void sortInSteps(WeatherSamples& samples, const Step& step)
+{
+    if (std::is_sorted(samples.begin(), samples.end(), isEarlier))
+        return;
+    const auto at = [&](std::size_t i) {
+        return samples.begin() + static_cast<std::ptrdiff_t>(std::min(i, samples.size()));
+    };
+    std::size_t run = 65536;
+    double levels = 1.0;
+    for (std::size_t i = run; i < samples.size(); i *= 2)
+        levels += 1.0;
+    for (std::size_t i = 0; i < samples.size(); i += run) {
+        std::stable_sort(at(i), at(i + run), isEarlier);
+        step(static_cast<double>(run) / levels);
+    }
+    for (; run < samples.size(); run *= 2) {
+        for (std::size_t i = 0; i + run < samples.size(); i += 2 * run) {
+            std::inplace_merge(at(i), at(i + run), at(i + 2 * run), isEarlier);
+            step(2.0 * static_cast<double>(run) / levels);
+        }
+    }
+}
+
+void bringInOrder(WeatherRead& result, const WeatherFile::Progress& progress)
+{
+    const double share = (1.0 - readingShare) / static_cast<double>(std::max(qint64(1), result.samples()));
+    double done = readingShare;
+    const auto step = [&](double samples) {
+        done = std::min(done + samples * share, 0.99);
+        if (progress && result.isComplete)
+            progress(done);
+    };
+    for (WeatherSamples* samples : {&result.temperature, &result.precipitation, &result.windSpeed}) {
+        sortInSteps(*samples, step);
+        result.repeated += makeUnique(*samples);
+    }
+    if (progress && result.isComplete)
+        progress(1.0);
 }
 
 } // namespace
 
 QString WeatherRead::text() const
 {
-    return QStringLiteral("%1 samples read, %2 %3 skipped.")
-        .arg(samples())
-        .arg(skippedLines)
-        .arg(skippedLines == 1 ? QStringLiteral("line") : QStringLiteral("lines"));
+    QString text = QStringLiteral("%1 samples read, %2 %3 skipped.")
+                       .arg(samples())
+                       .arg(skippedLines)
+                       .arg(skippedLines == 1 ? QStringLiteral("line") : QStringLiteral("lines"));
+    if (repeated > 0)
+        text += QStringLiteral(" %1 more had the time of an earlier one.").arg(repeated);
+    return text;
 }
 
 const QStringList& WindFormat::dateFormats()
@@ -322,32 +374,41 @@ WeatherRead WeatherFile::readTemperature(const QString& filePath, const Progress
     TemperatureLines lines;
     LineReader(filePath).read(
         result, [&](Text line) { return lines.take(line, result); }, [] { return false; }, progress);
-    bringInOrder(result.temperature);
-    bringInOrder(result.precipitation);
+    bringInOrder(result, progress);
     return result;
 }
 
-WeatherRead WeatherFile::readWind(const QString& filePath, const WindFormat& format, const Progress& progress,
-                                  qint64 wanted)
+WeatherRead WeatherFile::readWind(const QString& filePath, const WindFormat& format, const Progress& progress)
+{
+    WeatherRead result;
+    WindLines lines(format);
+    LineReader(filePath).read(
+        result, [&](Text line) { return lines.take(line, result); }, [] { return false; }, progress);
+    bringInOrder(result, progress);
+    return result;
+}
+
+WeatherRead WeatherFile::previewWind(const QString& filePath, const WindFormat& format, qint64 wanted)
 {
     WeatherRead result;
     WindLines lines(format);
     LineReader(filePath).read(
         result, [&](Text line) { return lines.take(line, result); },
-        [&] { return wanted >= 0 && result.samples() >= wanted; }, progress);
-    bringInOrder(result.windSpeed);
+        [&] { return result.samples() >= wanted; }, [](double) { return false; });
     return result;
 }
 
 WeatherSamples WeatherFile::inYear(const WeatherSamples& samples, const RecorderClock& station,
                                    const RecorderClock& recorder, int year)
 {
+    const qint64 begin = RecorderClock::wall(QDate(year, 1, 1));
+    const qint64 end = RecorderClock::wall(QDate(year + 1, 1, 1));
     WeatherSamples result;
     for (const WeatherSample& sample : samples) {
         const qint64 utc = station.toUtc(sample.time);
-        if (RecorderClock::dateOfWall(recorder.toWall(utc)).year() == year)
+        const qint64 wall = recorder.toWall(utc);
+        if (wall >= begin && wall < end && station.toWall(utc) == sample.time)
             result.push_back({utc, sample.value});
     }
-    bringInOrder(result); // the clock may have been put back
     return result;
 }

@@ -28,6 +28,7 @@ struct WeatherRead
     WeatherSamples windSpeed;
     qint64 usedLines = 0;
     qint64 skippedLines = 0; ///< of which no value could be used, a header among them
+    qint64 repeated = 0;     ///< samples left out for one of the same time before them
 
     qint64 samples() const
     {
@@ -62,18 +63,21 @@ struct WindFormat
 /// endless ones included, are counted and skipped. Independent of zone and locale.
 namespace WeatherFile {
 
-/// Called every few hundred KB with the share of the file that is read (0 to 1); false stops.
+/// Called every few hundred KB and while samples are brought in order, with the share of the work that is
+/// done (0 to 1); false stops the reading.
 using Progress = std::function<bool(double)>;
 
 /// Lines of "yyyy-MM-dd hh:mm:ss", temperature and precipitation, separated by tabs or else by commas.
 WeatherRead readTemperature(const QString& filePath, const Progress& progress = {});
 
-/// Stops when it has `wanted` samples.
-WeatherRead readWind(const QString& filePath, const WindFormat& format, const Progress& progress = {},
-                     qint64 wanted = -1);
+WeatherRead readWind(const QString& filePath, const WindFormat& format, const Progress& progress = {});
+
+/// The first `wanted` samples as they stand in the file, in its order and with repeated times, as far as they
+/// are among its first few hundred KB.
+WeatherRead previewWind(const QString& filePath, const WindFormat& format, qint64 wanted);
 
 /// Those that `recorder`'s clock shows in `year`, with UTC times. `station` is the clock that the samples'
-/// times are from.
+/// times are from; times that it never showed, as it was put forward over them, are left out. Linear.
 WeatherSamples inYear(const WeatherSamples& samples, const RecorderClock& station,
                       const RecorderClock& recorder, int year);
 

@@ -67,41 +67,32 @@ private slots:
 
     void countsInDays_data()
     {
-        QTest::addColumn<QByteArray>("date");
-        QTest::addColumn<QByteArray>("time");
+        QTest::addColumn<QString>("time");
         QTest::addColumn<QStringList>("classes");
         QTest::addColumn<QString>("counts"); // All, Pip, Unassigned for each of two days
         const QStringList pip{QStringLiteral("Pip")};
-        QTest::newRow("first night") << QByteArray("01/06/16") << QByteArray("22:00:00") << pip
-                                     << "1 1 0; 0 0 0";
-        QTest::newRow("after midnight")
-            << QByteArray("02/06/16") << QByteArray("01:00:00") << pip << "1 1 0; 0 0 0";
-        QTest::newRow("at the start")
-            << QByteArray("02/06/16") << QByteArray("21:00:00") << pip << "0 0 0; 1 1 0";
-        QTest::newRow("at the stop") << QByteArray("03/06/16") << QByteArray("03:00:00") << pip
-                                     << "0 0 0; 1 1 0";
-        QTest::newRow("before the start")
-            << QByteArray("02/06/16") << QByteArray("20:59:59") << pip << "0 0 0; 0 0 0";
-        QTest::newRow("in an invalid period")
-            << QByteArray("01/06/16") << QByteArray("23:30:00") << pip << "0 0 0; 0 0 0";
-        QTest::newRow("after the end")
-            << QByteArray("03/06/16") << QByteArray("22:00:00") << pip << "0 0 0; 0 0 0";
-        QTest::newRow("twice the same class")
-            << QByteArray("01/06/16") << QByteArray("22:00:00") << pip + pip << "1 2 0; 0 0 0";
+        QTest::newRow("first night") << "01/06/16 22:00:00" << pip << "1 1 0; 0 0 0";
+        QTest::newRow("after midnight") << "02/06/16 01:00:00" << pip << "1 1 0; 0 0 0";
+        QTest::newRow("at the start") << "02/06/16 21:00:00" << pip << "0 0 0; 1 1 0";
+        QTest::newRow("at the stop") << "03/06/16 03:00:00" << pip << "0 0 0; 1 1 0";
+        QTest::newRow("before the start") << "02/06/16 20:59:59" << pip << "0 0 0; 0 0 0";
+        QTest::newRow("in an invalid period") << "01/06/16 23:30:00" << pip << "0 0 0; 0 0 0";
+        QTest::newRow("after the end") << "03/06/16 22:00:00" << pip << "0 0 0; 0 0 0";
+        QTest::newRow("twice the same class") << "01/06/16 22:00:00" << pip + pip << "1 2 0; 0 0 0";
         QTest::newRow("behind an empty class")
-            << QByteArray("01/06/16") << QByteArray("22:00:00")
-            << QStringList{QString(), QStringLiteral("Pip")} << "1 0 1; 0 0 0";
+            << "01/06/16 22:00:00" << QStringList{QString(), QStringLiteral("Pip")} << "1 0 1; 0 0 0";
     }
     void countsInDays()
     {
-        QFETCH(QByteArray, date);
-        QFETCH(QByteArray, time);
+        QFETCH(QString, time);
         QFETCH(QStringList, classes);
         QFETCH(QString, counts);
         MonitoringPlan plan = nights(QDate(2016, 6, 1), QDate(2016, 6, 2));
         plan.invalidTimes = QStringLiteral("01.06.2016 23:00-02.06.2016 00:00");
-        const std::vector<RecordingRow> rows{row("01/01/10", "00:00:00", {QStringLiteral("Pip")}),
-                                             row(date, time, classes)};
+        RecordingRow counted = row("", "", classes);
+        counted.date = time.left(8);
+        counted.time = time.mid(9);
+        const std::vector<RecordingRow> rows{row("01/01/10", "00:00:00", {QStringLiteral("Pip")}), counted};
         QCOMPARE(countsOf(rows, plan, files, ActivityRules::days), counts);
     }
 
@@ -113,12 +104,8 @@ private slots:
         plan.dailyStart = plan.dailyStop = QTime(0, 0);
         QCOMPARE(countsOf(rows, plan, files, ActivityRules::days), QStringLiteral("1 1; 1 1"));
         QCOMPARE(countsOf(rows, plan, files, ActivityRules::months), QStringLiteral("1 1"));
-    }
-
-    void overNewYear()
-    {
-        const std::vector<RecordingRow> rows{row("01/01/17", "01:00:00", {})};
-        QCOMPARE(countsOf(rows, nights(QDate(2016, 12, 31), QDate(2016, 12, 31)), files, ActivityRules::days),
+        const MonitoringPlan newYear = nights(QDate(2016, 12, 31), QDate(2016, 12, 31));
+        QCOMPARE(countsOf({row("01/01/17", "01:00:00", {})}, newYear, files, ActivityRules::days),
                  QStringLiteral("1 1"));
     }
 
@@ -128,12 +115,12 @@ private slots:
         QTest::addColumn<QString>("counts"); // All, Pip, Nyc, Unassigned
         QTest::newRow("per hour") << 0 << "1.5 1.33333 0.166667 0.166667";
         QTest::newRow("files") << 1 << "9 8 1 1";
-        QTest::newRow("dynamic 1") << 2 << "5 5 1 1";
-        QTest::newRow("dynamic 5") << 3 << "3 3 1 1";
-        QTest::newRow("dynamic 10") << 4 << "2 2 1 1";
-        QTest::newRow("static 1") << 5 << "7 6 1 1";
-        QTest::newRow("static 5") << 6 << "4 4 1 1";
-        QTest::newRow("static 10") << 7 << "3 3 1 1";
+        QTest::newRow("Dynamic 1") << 2 << "5 5 1 1";
+        QTest::newRow("Dynamic 5") << 3 << "3 3 1 1";
+        QTest::newRow("Dynamic 10") << 4 << "2 2 1 1";
+        QTest::newRow("Static 1") << 5 << "7 6 1 1";
+        QTest::newRow("Static 5") << 6 << "4 4 1 1";
+        QTest::newRow("Static 10") << 7 << "3 3 1 1";
     }
     void events()
     {
@@ -153,36 +140,9 @@ private slots:
         const ActivityQuantity quantity = ActivityQuantity::choices().at(static_cast<std::size_t>(choice));
         QCOMPARE(countsOf(rows, nights(QDate(2016, 6, 1), QDate(2016, 6, 1)), quantity, ActivityRules::days),
                  counts);
-    }
-
-    void quantityTexts()
-    {
-        const auto& choices = ActivityQuantity::choices();
-        QCOMPARE(choices.size(), std::size_t(8));
-        QCOMPARE(choices[2].text(),
-                 QStringLiteral("Number of Events per Day with Dynamic 1 Minute Time Interval"));
-        QCOMPARE(choices[7].text(),
-                 QStringLiteral("Number of Events per Day with Static 10 Minute Time Interval"));
-    }
-
-    void nothingToCount_data()
-    {
-        QTest::addColumn<int>("rows");
-        QTest::addColumn<QDate>("end");
-        QTest::addColumn<QString>("counts");
-        QTest::newRow("no recordings") << 0 << QDate(2016, 6, 1) << "0 0";
-        QTest::newRow("end before begin") << 1 << QDate(2015, 6, 1) << "";
-    }
-    void nothingToCount()
-    {
-        QFETCH(int, rows);
-        QFETCH(QDate, end);
-        QFETCH(QString, counts);
-        const std::vector<RecordingRow> list(static_cast<std::size_t>(rows), row("01/06/16", "22:00:00", {}));
-        const MonitoringPlan plan = nights(QDate(2016, 6, 1), end);
-        QCOMPARE(countsOf(list, plan, files, ActivityRules::days), counts);
-        countsOf(list, plan, {}, ActivityRules::night);
-        countsOf(list, plan, {}, ActivityRules::months);
+        const QString text = QStringLiteral("Number of Events per Day with %1 Minute Time Interval");
+        const QString name = QString::fromLatin1(QTest::currentDataTag());
+        QVERIFY(choice < 2 || quantity.text() == text.arg(name));
     }
 
     void tableText()
@@ -201,24 +161,6 @@ private slots:
                  QStringLiteral("Day;Valid Hours [h];All Classes [Rec./h];Unassigned [Rec./h]\r\n"
                                 "01/06/16;6.000;0.333;0.167\r\n02/06/16;0.000;;\r\n"));
         QCOMPARE(table.text({}), QStringLiteral("Day\r\n01/06/16\r\n02/06/16\r\n"));
-    }
-
-    void quantities_data()
-    {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<QString>("quantity");
-        QTest::newRow("time") << 0 << "Time";
-        QTest::newRow("months") << 2 << "Month";
-        QTest::newRow("night") << 3 << "Night Times in 2016";
-        QTest::newRow("temperature") << 4 << QString::fromUtf8("Temperatures in 2016 [°C]");
-        QTest::newRow("precipitation") << 5 << "Precipitations in 2016 [mm/min]";
-        QTest::newRow("wind") << 6 << "Wind Speeds in 2016 [m/s]";
-    }
-    void quantities()
-    {
-        QFETCH(int, kind);
-        QFETCH(QString, quantity);
-        QCOMPARE(activityQuantityText(static_cast<ActivityKind>(kind), 2016), quantity);
     }
 };
 

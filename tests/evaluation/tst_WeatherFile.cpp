@@ -3,8 +3,6 @@
 
 #include <QtTest>
 
-Q_DECLARE_METATYPE(WindFormat)
-
 namespace {
 
 qint64 at(int day, int hour, int minute, int second = 0)
@@ -19,101 +17,64 @@ class tst_WeatherFile : public QObject
     Q_OBJECT
 
 private slots:
-    void temperatureLines_data()
-    {
-        QTest::addColumn<QByteArray>("line");
-        QTest::addColumn<QVector<float>>("temperature");
-        QTest::addColumn<QVector<float>>("precipitation");
-        const QVector<float> none;
-        QTest::newRow("commas") << QByteArray("2016-07-01 22:10:00,15.3,0") << QVector<float>{15.3F}
-                                << QVector<float>{0.0F};
-        QTest::newRow("tabs before commas") << QByteArray("2016-07-01 22:10:00\t-3.5\t1.25")
-                                            << QVector<float>{-3.5F} << QVector<float>{1.25F};
-        QTest::newRow("quotes") << QByteArray("\"2016-07-01 22:10:00\",\"15.3\",\"0\"\r")
-                                << QVector<float>{15.3F} << QVector<float>{0.0F};
-        QTest::newRow("nan") << QByteArray("2016-07-01 22:10:00,nan,0.5") << none << QVector<float>{0.5F};
-        QTest::newRow("NaN and nothing") << QByteArray("2016-07-01 22:10:00,NaN,") << none << none;
-        QTest::newRow("infinite") << QByteArray("2016-07-01 22:10:00,inf,1e99") << none << none;
-        QTest::newRow("two fields") << QByteArray("2016-07-01 22:10:00,15.3") << none << none;
-        QTest::newRow("four fields") << QByteArray("2016-07-01 22:10:00,15.3,0,0") << none << none;
-        QTest::newRow("header") << QByteArray("date,temperature,precipitation") << none << none;
-        QTest::newRow("no such day") << QByteArray("2016-02-30 22:10:00,15.3,0") << none << none;
-        QTest::newRow("no such time") << QByteArray("2016-07-01 24:10:00,15.3,0") << none << none;
-        QTest::newRow("decimal comma")
-            << QByteArray("2016-07-01 22:10:00\t15,3\t0") << none << QVector<float>{0.0F};
-        QTest::newRow("empty") << QByteArray() << none << none;
-    }
     void temperatureLines()
     {
-        QFETCH(QByteArray, line);
-        QFETCH(QVector<float>, temperature);
-        QFETCH(QVector<float>, precipitation);
-        const WeatherRead read = WeatherFile::readTemperature(written(line + '\n'));
-        QVERIFY(read.isOpened && read.isComplete);
-        QCOMPARE(valuesOf(read.temperature), temperature);
-        QCOMPARE(valuesOf(read.precipitation), precipitation);
-        const bool isUsed = !temperature.isEmpty() || !precipitation.isEmpty();
-        QCOMPARE(read.usedLines, isUsed ? 1 : 0);
-        QCOMPARE(read.skippedLines, isUsed ? 0 : 1);
-        for (const WeatherSample& sample : read.temperature)
-            QCOMPARE(sample.time, at(1, 22, 10));
+        const auto values = [&](const QByteArray& line) {
+            const WeatherRead read = WeatherFile::readTemperature(written(line + '\n'));
+            const bool isCounted = read.isComplete && read.usedLines + read.skippedLines == 1 &&
+                                   read.skippedLines == (read.samples() == 0 ? 1 : 0);
+            return isCounted ? valuesOf(read.temperature) + '|' + valuesOf(read.precipitation) : "miscounted";
+        };
+        QCOMPARE(values("2016-07-01 22:10:00,15.3,0"), QByteArray("15.3|0"));
+        QCOMPARE(values("2016-07-01T22:10:00\t-3.5\t1.25"), QByteArray("-3.5|1.25"));
+        QCOMPARE(values("2016-07-01 22:10:00\t+1,5\t.5"), QByteArray("|0.5")); // the tab comes first
+        QCOMPARE(values("\"2016-07-01 22:10:00\",\"15.3\",\"0\"\r"), QByteArray("15.3|0"));
+        QCOMPARE(values("2016-07-01 22:10:00,nan,+.5"), QByteArray("|0.5"));
+        for (const char* rest : {",NaN,", ",-inf,1e99", ",+-1,2 3", ",15.3", ",15.3,0,0", "0,15.3,0"})
+            QCOMPARE(values(QByteArray("2016-07-01 22:10:00") + rest), QByteArray("|"));
     }
 
-    void windLines_data()
-    {
-        QTest::addColumn<QByteArray>("line");
-        QTest::addColumn<WindFormat>("format");
-        QTest::addColumn<QVector<float>>("speed");
-        WindFormat format;
-        QTest::newRow("standard") << QByteArray("01.07.2016 22:10:00;3,5") << format << QVector<float>{3.5F};
-        QTest::newRow("other point") << QByteArray("01.07.2016 22:10:00;3.5") << format
-                                     << QVector<float>{3.5F};
-        QTest::newRow("nothing") << QByteArray("01.07.2016 22:10:00;") << format << QVector<float>();
-        QTest::newRow("nan") << QByteArray("01.07.2016 22:10:00;NAN") << format << QVector<float>();
-        QTest::newRow("other date") << QByteArray("2016-07-01 22:10:00;3,5") << format << QVector<float>();
-        QTest::newRow("too many columns")
-            << QByteArray("01.07.2016 22:10:00;3,5;9") << format << QVector<float>();
-        format.separator1 = ';';
-        QTest::newRow("first of equal separators")
-            << QByteArray("01.07.2016;22:10:00;3,5\r") << format << QVector<float>{3.5F};
-        format.separator2 = '\t';
-        format.dateFormat = QStringLiteral("mm/dd/yyyy");
-        format.timeFormat = QStringLiteral("hh-mm-ss");
-        format.decimalSeparator = '.';
-        QTest::newRow("all other") << QByteArray("07/01/2016;22-10-00\t3.5") << format
-                                   << QVector<float>{3.5F};
-    }
     void windLines()
     {
-        QFETCH(QByteArray, line);
-        QFETCH(WindFormat, format);
-        QFETCH(QVector<float>, speed);
-        const WeatherRead read = WeatherFile::readWind(written(line), format);
-        QCOMPARE(valuesOf(read.windSpeed), speed);
-        for (const WeatherSample& sample : read.windSpeed)
-            QCOMPARE(sample.time, at(1, 22, 10));
+        WindFormat format;
+        const auto speed = [&](const QByteArray& line) {
+            const WeatherSamples read = WeatherFile::readWind(written(line), format).windSpeed;
+            return read.empty() || read[0].time == at(1, 22, 10) ? valuesOf(read) : "another time";
+        };
+        QCOMPARE(speed("01.07.2016 22:10:00;3,5"), QByteArray("3.5"));
+        QCOMPARE(speed("01.07.2016 22:10:00;3.5"), QByteArray("3.5"));
+        for (const char* line :
+             {"01.07.2016 22:10:00;", "01.07.2016 22:10:00;NAN", "01.07.2016 22:10:00;3,5;9",
+              "01.07.2016 24:10:00;3,5", "30.02.2016 22:10:00;3,5", "2016-07-01 22:10:00;3,5"})
+            QCOMPARE(speed(line), QByteArray());
+        format.separator1 = ';';
+        QCOMPARE(speed("01.07.2016;22:10:00;3,5\r"), QByteArray("3.5")); // the first of equal separators
+        format.timeFormat = QStringLiteral("hh-mm-ss");
+        format.separator2 = '\t';
+        format.decimalSeparator = '.';
+        QCOMPARE(speed("01.07.2016;22-10-00\t3,5"), QByteArray());
+        const char* dates[] = {"01.07.2016", "01-07-2016", "2016-07-01",
+                               "01/07/2016", "07/01/2016", "2016/07/01"};
+        for (int i = 0; i < 6; ++i) {
+            format.dateFormat = WindFormat::dateFormats().at(i);
+            QCOMPARE(speed(dates[i] + QByteArray(";22-10-00\t3.5")), QByteArray("3.5"));
+        }
     }
 
-    void timeDefinition_data()
-    {
-        QTest::addColumn<int>("definition");
-        QTest::addColumn<qint64>("stamp");
-        QTest::addColumn<qint64>("begin");
-        QTest::newRow("beginning") << 0 << at(1, 22, 7) << at(1, 22, 7);
-        QTest::newRow("end on the boundary") << 1 << at(1, 22, 10) << at(1, 22, 0);
-        QTest::newRow("end elsewhere") << 1 << at(1, 22, 7) << at(1, 22, 7);
-        QTest::newRow("end at midnight") << 1 << at(2, 0, 0) << at(1, 23, 50);
-        QTest::newRow("round") << 2 << at(1, 22, 7, 30) << at(1, 22, 0);
-        QTest::newRow("round on the boundary") << 2 << at(1, 22, 10) << at(1, 22, 10);
-    }
     void timeDefinition()
     {
-        QFETCH(int, definition);
-        QFETCH(qint64, stamp);
-        QFETCH(qint64, begin);
         WindFormat format;
-        format.definition = static_cast<WindFormat::Definition>(definition);
-        QCOMPARE(format.begin(stamp), begin);
+        const auto begin = [&](WindFormat::Definition definition, int hour, int minute, int second = 0) {
+            format.definition = definition;
+            return format.begin(at(2, hour, minute, second));
+        };
+        QCOMPARE(begin(WindFormat::Definition::Beginning, 22, 7, 30), at(2, 22, 7, 30));
+        QCOMPARE(begin(WindFormat::Definition::End, 22, 10), at(2, 22, 0));
+        QCOMPARE(begin(WindFormat::Definition::End, 22, 7), at(2, 22, 7));
+        QCOMPARE(begin(WindFormat::Definition::End, 22, 10, 1), at(2, 22, 10, 1));
+        QCOMPARE(begin(WindFormat::Definition::End, 0, 0), at(1, 23, 50));
+        QCOMPARE(begin(WindFormat::Definition::Round, 22, 7, 30), at(2, 22, 0));
+        QCOMPARE(begin(WindFormat::Definition::Round, 22, 10), at(2, 22, 10));
     }
 
     /// Binary rubbish, endless lines and lines across the pieces that are read at a time cost no sample.
@@ -130,31 +91,54 @@ private slots:
                      ",2.5,0" + QByteArray(i * 20, ' ') + "\r\n";
         bytes += "2016-07-01 00:00:00,9,0\n"; // again
         bytes += QByteArray(700'000, ',');
-        double last = 0.0;
-        const WeatherRead read = WeatherFile::readTemperature(written(bytes), [&](double share) {
-            last = share;
-            return true;
-        });
+        const WeatherRead read = WeatherFile::readTemperature(written(bytes));
         QVERIFY(read.isComplete);
-        QCOMPARE(last, 1.0);
         QCOMPARE(read.temperature.size(), std::size_t(144));
         QCOMPARE(read.temperature.front().value, 1.0F);
         QCOMPARE(read.temperature.front().time, at(1, 0, 0));
         QCOMPARE(read.temperature.back().time, at(1, 23, 50));
         QCOMPARE(read.skippedLines, 3002);
-        QVERIFY(read.text().startsWith(QLatin1String("288 samples read, 3002 lines")));
+        QCOMPARE(read.repeated, 2);
+    }
+
+    /// Enough samples for the sort to take several steps, in the opposite order, and each twice.
+    void bringsInOrder()
+    {
+        const int count = 150'000;
+        QByteArray bytes;
+        for (int i = count - 1; i >= 0; --i) {
+            const QDateTime time = QDateTime::fromSecsSinceEpoch(at(1, 0, 0) + i, Qt::UTC);
+            const QByteArray stamp = time.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toLatin1() + ',';
+            bytes += stamp + QByteArray::number(i) + ",nan\n" + stamp + "-1,nan\n";
+        }
+        double last = 0.0;
+        const WeatherRead read = WeatherFile::readTemperature(written(bytes), [&](double share) {
+            const bool grows = share > last;
+            last = share;
+            return grows;
+        });
+        QVERIFY(read.isComplete);
+        QCOMPARE(last, 1.0);
+        QCOMPARE(read.text(),
+                 QStringLiteral(
+                     "150000 samples read, 0 lines skipped. 150000 more had the time of an earlier one."));
+        for (int i = 0; i < count; ++i) {
+            QCOMPARE(read.temperature[i].time, at(1, 0, 0) + i);
+            QCOMPARE(read.temperature[i].value, static_cast<float>(i));
+        }
     }
 
     void stops()
     {
-        QByteArray bytes;
-        for (int i = 0; i < 50'000; ++i)
-            bytes += "01.07.2016 22:10:00;3,5\n";
-        const QString path = written(bytes);
-        QCOMPARE(WeatherFile::readWind(path, {}, {}, 5).usedLines, 5);
+        const QString path =
+            written(QByteArray("01.07.2016 22:10:00;3,5\n01.07.2016 22:00:00;4\n").repeated(50'000));
+        // As it stands in the file.
+        const WeatherRead begin = WeatherFile::previewWind(path, {}, 3);
+        QCOMPARE(valuesOf(begin.windSpeed), QByteArray("3.5 4 3.5"));
         const WeatherRead cancelled = WeatherFile::readWind(path, {}, [](double) { return false; });
         QVERIFY(cancelled.isOpened && !cancelled.isComplete);
         QVERIFY(!WeatherFile::readWind(path + QStringLiteral(".missing"), {}).isOpened);
+        QVERIFY(!WeatherFile::readWind(m_folder.path(), {}).isOpened);
     }
 
     /// Wind times are those of their own clock; the year is the recorder's.
@@ -164,56 +148,41 @@ private slots:
         const RecorderClock recorder = RecorderClock::inZone(QTimeZone("Europe/Berlin"), 2016, 2016);
         const WeatherSamples samples{{RecorderClock::wall(QDate(2015, 12, 31), QTime(17, 50)), 1.0F},
                                      {RecorderClock::wall(QDate(2015, 12, 31), QTime(18, 0)), 2.0F},
-                                     {at(1, 12, 0), 3.0F},
-                                     {RecorderClock::wall(QDate(2016, 12, 31), QTime(18, 0)), 4.0F}};
+                                     {RecorderClock::wall(QDate(2016, 3, 13), QTime(2, 0)), 3.0F}, // left out
+                                     {RecorderClock::wall(QDate(2016, 3, 13), QTime(3, 0)), 4.0F},
+                                     {at(1, 12, 0), 5.0F},
+                                     {RecorderClock::wall(QDate(2016, 12, 31), QTime(18, 0)), 6.0F}};
         const WeatherSamples kept = WeatherFile::inYear(samples, station, recorder, 2016);
-        QCOMPARE(valuesOf(kept), (QVector<float>{2.0F, 3.0F}));
+        QCOMPARE(valuesOf(kept), QByteArray("2 4 5"));
         QCOMPARE(recorder.toWall(kept[0].time), RecorderClock::wall(QDate(2016, 1, 1)));
-        QCOMPARE(recorder.toWall(kept[1].time), at(1, 18, 0));
+        QCOMPARE(recorder.toWall(kept[2].time), at(1, 18, 0));
     }
 
-    void valueBins_data()
-    {
-        using Rule = ActivityBins (*)(const MonitoringCalendar&, const WeatherSamples&);
-        QTest::addColumn<void*>("rule");
-        QTest::addColumn<float>("value");
-        QTest::addColumn<QString>("label");
-        const auto row = [](const char* name, Rule rule, float value, const char* label) {
-            QTest::newRow(name) << reinterpret_cast<void*>(rule) << value << QString::fromLatin1(label);
-        };
-        row("coldest", ActivityRules::temperature, -20.0F, "-20 to -18");
-        row("too cold", ActivityRules::temperature, -20.1F, "");
-        row("below zero", ActivityRules::temperature, -0.1F, "-2 to 0");
-        row("lower bound", ActivityRules::temperature, 12.0F, "12 to 14");
-        row("hottest", ActivityRules::temperature, 50.0F, "48 to 50");
-        row("dry", ActivityRules::precipitation, 0.0F, "0");
-        row("drizzle", ActivityRules::precipitation, 0.01F, "0 to 1");
-        row("rain", ActivityRules::precipitation, 1.0F, "1 to 2");
-        row("flood", ActivityRules::precipitation, 10.5F, "");
-        row("calm", ActivityRules::windSpeed, 0.0F, "0 to 1");
-        row("ten", ActivityRules::windSpeed, 10.0F, "9 to 10");
-        row("storm", ActivityRules::windSpeed, 10.1F, ">10");
-        row("negative", ActivityRules::windSpeed, -0.1F, "");
-    }
     void valueBins()
     {
-        QFETCH(void*, rule);
-        QFETCH(float, value);
-        QFETCH(QString, label);
         MonitoringPlan plan;
         plan.zone = QTimeZone("UTC");
         plan.begin = plan.end = QDate(2016, 7, 1);
-        const auto bins =
-            reinterpret_cast<ActivityBins (*)(const MonitoringCalendar&, const WeatherSamples&)>(rule)(
-                MonitoringCalendar(plan), {{at(1, 22, 0), value}, {at(1, 22, 7), value}});
-        QString found;
-        for (const ActivityBin& bin : bins) {
-            if (bin.spans.empty())
-                continue;
-            found += bin.label;
-            QCOMPARE(bin.spans, (TimeSpans{{at(1, 22, 0), at(1, 22, 17)}}));
-        }
-        QCOMPARE(found, label);
+        const MonitoringCalendar calendar(plan);
+        const auto binOf = [&](auto rule, float value) {
+            QString found;
+            for (const ActivityBin& bin : rule(calendar, {{at(1, 22, 0), value}, {at(1, 22, 7), value}}))
+                if (bin.spans == TimeSpans{{at(1, 22, 0), at(1, 22, 17)}})
+                    found += bin.label;
+            return found;
+        };
+        const auto binsOf = [&](auto rule, std::initializer_list<float> values) {
+            QStringList found;
+            for (const float value : values)
+                found << binOf(rule, value);
+            return found.join(QLatin1Char('|'));
+        };
+        QCOMPARE(binsOf(ActivityRules::temperature, {-20.1F, -20.0F, -0.1F, 12.0F, 50.0F}),
+                 QStringLiteral("|-20 to -18|-2 to 0|12 to 14|48 to 50"));
+        QCOMPARE(binsOf(ActivityRules::precipitation, {0.0F, 0.01F, 1.0F, 10.0F, 10.5F}),
+                 QStringLiteral("0|0 to 1|1 to 2|9 to 10|"));
+        QCOMPARE(binsOf(ActivityRules::windSpeed, {-0.1F, 0.0F, 10.0F, 10.1F}),
+                 QStringLiteral("|0 to 1|9 to 10|>10"));
     }
 
 private:
@@ -226,12 +195,12 @@ private:
         return path;
     }
 
-    static QVector<float> valuesOf(const WeatherSamples& samples)
+    static QByteArray valuesOf(const WeatherSamples& samples)
     {
-        QVector<float> values;
+        QByteArrayList values;
         for (const WeatherSample& sample : samples)
-            values << sample.value;
-        return values;
+            values << QByteArray::number(static_cast<double>(sample.value));
+        return values.join(' ');
     }
 
     QTemporaryDir m_folder;
