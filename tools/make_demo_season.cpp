@@ -5,30 +5,93 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
-#include <QSaveFile>
+#include <QFileInfo>
 #include <QTextStream>
 
 namespace {
 
+/// Thousands of files: each by itself safe on the disk would take minutes.
 bool writeFile(const QString& path, const QByteArray& bytes)
 {
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly))
-        file.write(bytes); // commit() knows of a failure
-    if (file.commit())
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush())
         return true;
     QTextStream(stderr) << "Cannot write '" << path << "': " << file.errorString() << '\n';
     return false;
 }
 
-bool writeSeason(const DemoSeason& season, const QDir& folder)
+/// Writes into folders that are made if need be.
+class SeasonWriter
 {
-    for (const DemoSeason::Recording& recording : season.recordings())
-        if (!writeFile(folder.filePath(recording.fileName()), recording.bytes()))
+public:
+    SeasonWriter(const DemoSeason& season, bool onlyMissing) : m_season(season), m_onlyMissing(onlyMissing) {}
+
+    int writtenFiles() const { return m_writtenFiles; }
+
+    bool writeRecordings(const QDir& folder)
+    {
+        if (!make(folder))
             return false;
-    return writeFile(folder.filePath(QStringLiteral("temperature.csv")), season.temperatureFile()) &&
-           writeFile(folder.filePath(QStringLiteral("wind.csv")), season.windFile());
-}
+        for (const DemoSeason::Recording& recording : m_season.recordings())
+            if (!write(folder.filePath(recording.fileName()), recording.bytes()))
+                return false;
+        return true;
+    }
+
+    bool writeWeather(const QDir& folder)
+    {
+        return make(folder) &&
+               write(folder.filePath(QStringLiteral("temperature-and-precipitation.csv")),
+                     m_season.temperatureFile()) &&
+               write(folder.filePath(QStringLiteral("wind-speed.csv")), m_season.windFile());
+    }
+
+private:
+    static bool make(const QDir& folder)
+    {
+        if (folder.mkpath(QStringLiteral(".")))
+            return true;
+        QTextStream(stderr) << "Cannot make the folder '" << folder.path() << "'.\n";
+        return false;
+    }
+
+    /// Files may have grown since by a class record.
+    bool write(const QString& path, const QByteArray& bytes)
+    {
+        if (m_onlyMissing && QFileInfo(path).size() >= bytes.size())
+            return true;
+        ++m_writtenFiles;
+        return writeFile(path, bytes);
+    }
+
+    const DemoSeason& m_season;
+    bool m_onlyMissing;
+    int m_writtenFiles = 0;
+};
+
+struct Options
+{
+    QCommandLineOption year{QStringLiteral("year"), QStringLiteral("Year of the season."),
+                            QStringLiteral("YEAR"), QStringLiteral("2026")};
+    QCommandLineOption weather{QStringLiteral("weather"),
+                               QStringLiteral("Where the weather files go, if not with the recordings."),
+                               QStringLiteral("FOLDER")};
+    QCommandLineOption ifMissing{QStringLiteral("if-missing"),
+                                 QStringLiteral("Leave files alone that are there already.")};
+
+    void addTo(QCommandLineParser& parser) const
+    {
+        parser.setApplicationDescription(QStringLiteral(
+            "Writes the recordings and the weather of a made-up season of bats into a folder.\n"
+            "temperature-and-precipitation.csv is a temperature and precipitation file; wind-speed.csv is a\n"
+            "wind speed file with dates dd.mm.yyyy, a space, times hh:mm:ss at the end of their interval, a\n"
+            "semicolon and decimal commas."));
+        parser.addHelpOption();
+        parser.addOptions({year, weather, ifMissing});
+        parser.addPositionalArgument(QStringLiteral("OUTPUT_FOLDER"),
+                                     QStringLiteral("Where the files go; made if it does not exist."));
+    }
+};
 
 } // namespace
 
@@ -36,31 +99,22 @@ int main(int argc, char* argv[])
 {
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Writes the recordings and the weather of a made-up season of bats into a folder.\n"
-        "temperature.csv is a temperature and precipitation file; wind.csv is a wind speed file with dates "
-        "dd.mm.yyyy, a space, times hh:mm:ss at the end of their interval, a semicolon and decimal commas."));
-    parser.addHelpOption();
-    const QCommandLineOption yearOption(QStringLiteral("year"), QStringLiteral("Year of the season."),
-                                        QStringLiteral("YEAR"), QStringLiteral("2026"));
-    parser.addOption(yearOption);
-    parser.addPositionalArgument(QStringLiteral("OUTPUT_FOLDER"),
-                                 QStringLiteral("Where the files go; made if it does not exist."));
+    const Options options;
+    options.addTo(parser);
     parser.process(application);
-    const int year = parser.value(yearOption).toInt();
+    const int year = parser.value(options.year).toInt();
     if (parser.positionalArguments().size() != 1 || year < 2000 || year > 2099) {
         QTextStream(stderr) << parser.helpText();
         return 2;
     }
     const QDir folder(parser.positionalArguments().constFirst());
-    if (!folder.mkpath(QStringLiteral("."))) {
-        QTextStream(stderr) << "Cannot make the folder '" << folder.path() << "'.\n";
-        return 1;
-    }
+    const QDir weather = parser.isSet(options.weather) ? QDir(parser.value(options.weather)) : folder;
     const DemoSeason season(year);
-    if (!writeSeason(season, folder))
+    SeasonWriter writer(season, parser.isSet(options.ifMissing));
+    if (!writer.writeRecordings(folder) || !writer.writeWeather(weather))
         return 1;
-    QTextStream(stdout) << season.recordings().size() << " recordings and two weather files in "
-                        << folder.path() << '\n';
+    QTextStream(stdout) << season.recordings().size() << " recordings in " << folder.path()
+                        << " and two weather files in " << weather.path() << " (" << writer.writtenFiles()
+                        << " files written now)\n";
     return 0;
 }
