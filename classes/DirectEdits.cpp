@@ -52,7 +52,7 @@ void DirectEdits::setComment(QTreeWidgetItem* row, const QString& comment)
     if (!row || m_run.isActive())
         return;
     const RecordEdit edit = classRecordEdit::setComment(RowItem::read(*row), comment);
-    const bool isSafe = !edit.writesFile() || (edit.fits() && ClassRecord::acceptsComment(comment));
+    const bool isSafe = !edit.writesFile() || ClassRecord::acceptsComment(comment);
     if (!isSafe || !apply(*row, edit))
         m_prompts.fail(QStringLiteral("Error"),
                        failure(*row, QStringLiteral("\nNew comment is not saved to wav file.")));
@@ -111,7 +111,7 @@ void DirectEdits::applyToSelected(const QString& label, const QList<QTreeWidgetI
 bool DirectEdits::apply(QTreeWidgetItem& row, const RecordEdit& edit)
 {
     const QString path = m_session.folder + QLatin1Char('/') + row.text(RowItem::Name);
-    if (edit.writesFile() && !writeBextDescription(path, edit.description))
+    if (edit.writesFile() && !(edit.fits() && writeBextDescription(path, edit.description)))
         return false;
     if (edit.changesRow())
         m_rows.show(row, edit.record);

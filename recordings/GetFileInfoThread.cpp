@@ -58,9 +58,9 @@ bool clearForeignClasses(ClassRecord& record, const QStringList& vocabulary)
 void writeBack(const QString& path, const ClassRecord& record)
 {
     const QString text = record.allSlotsForm();
-    if (record.readsBack(text))
+    if (record.readsBack(text) && text.toUtf8().size() <= bextDescriptionSize)
         writeBextDescription(path, text);
-    else // a comment with "|" in it: next time the proposal would be read as a part of it
+    else // a comment with "|" in it: next time the proposal would be read as a part of it; or one too long
         qCDebug(lcRecordings, "The record cannot be written so that it reads back");
 }
 

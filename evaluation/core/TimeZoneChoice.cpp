@@ -58,14 +58,15 @@ bool isUsable(const QTimeZone& zone)
 }
 
 /// How well a zone stands for all of its name.
-int rank(const QByteArray& id, const QTimeZone& zone)
+int rank(const QByteArray& id, const QTimeZone& zone, const QString& name)
 {
     const auto at = [](int year, int month) { return QDateTime(QDate(year, month, 1), QTime(), Qt::UTC); };
     const bool steady = zone.standardTimeOffset(at(2017, 8)) == zone.standardTimeOffset(at(2024, 8));
     const bool changesClocks =
         zone.daylightTimeOffset(at(2017, 1)) > 0 || zone.daylightTimeOffset(at(2017, 7)) > 0;
+    const bool sameContinent = name.contains(QString::fromLatin1(id.left(id.indexOf('/'))));
     const bool bestKnown = QTimeZone::windowsIdToDefaultIanaId(QTimeZone::ianaIdToWindowsId(id)) == id;
-    return 4 * int(steady) + 2 * int(changesClocks) + int(bestKnown);
+    return 8 * int(steady) + 4 * int(changesClocks) + 2 * int(sameContinent) + int(bestKnown);
 }
 
 QVector<TimeZoneChoice::Entry> makeEntries()
@@ -79,7 +80,7 @@ QVector<TimeZoneChoice::Entry> makeEntries()
         const QString name = longName(zone);
         if (name.startsWith(QLatin1String("UTC")) || !isUsable(zone))
             continue;
-        const int zoneRank = rank(id, zone);
+        const int zoneRank = rank(id, zone, name);
         const auto known = indexOfName.constFind(name);
         if (known == indexOfName.constEnd()) {
             indexOfName.insert(name, entries.size());

@@ -8,7 +8,8 @@
 
 namespace {
 
-/// Applies an edit to the file of one row. Whether the file is as it should be.
+/// Applies an edit to the file of one row. Whether the file is as it should be. A text that does not fit is
+/// not written: it would run over what the recorder has said about itself.
 template <typename Edit>
 bool applyToFile(int index, const QString& wavDirectory, const QList<QTreeWidgetItem*>& items, Edit edit)
 {
@@ -19,7 +20,8 @@ bool applyToFile(int index, const QString& wavDirectory, const QList<QTreeWidget
     const RecordEdit change = edit(row);
     if (!change.writesFile())
         return change.possible;
-    return writeBextDescription(wavDirectory + QLatin1Char('/') + row.name, change.description);
+    return change.fits() &&
+           writeBextDescription(wavDirectory + QLatin1Char('/') + row.name, change.description);
 }
 
 // The columns of the class tree that concern the worker.

@@ -88,9 +88,11 @@ void tst_TimeZoneChoice::choosesZonesThatServeBothAnswers_data()
     QTest::addColumn<int>("july");     // minutes, daylight saving considered
     QTest::addColumn<QString>("label");
     QTest::addColumn<QString>("standardLabel");
-    // By their ids, the first zones of these names are those of Algiers, Abidjan, Atikokan and Pyongyang.
+    // By their ids, the first zones of these names are those of Algiers, Cairo, Abidjan, Atikokan, Pyongyang.
     QTest::newRow("Berlin") << "Central European Standard Time" << 120 << "GMT+1"
                             << "UTC+01:00";
+    QTest::newRow("Bucharest") << "Eastern European Standard Time" << 180 << "GMT+2"
+                               << "UTC+02:00";
     QTest::newRow("London") << "Greenwich Mean Time" << 60 << "GMT"
                             << "UTC+00:00";
     QTest::newRow("New York") << "Eastern Standard Time" << -240 << "EST"

@@ -36,6 +36,7 @@ private slots:
     void request_data();
     void request();
     void exclusiveClassWhereProposalsAreShown();
+    void refusesWhatDoesNotFit();
     void abortingRunGetsNoAnswer();
     void requestWithoutItem();
     void otherThread();
@@ -138,6 +139,20 @@ void tst_WriteFileBextThread::exclusiveClassWhereProposalsAreShown()
         m_list->setColumnHidden(RowItem::Accepted, hidden);
         worker.writeFileBextExtended(0, m_folder.path(), m_class.data(), items);
         QCOMPARE(description("a.wav"), QString(hidden ? "Pip + No Call|Pip|0|x" : "No Call|Pip|0|x"));
+    }
+}
+
+/// The fields behind the Description stay the recorder's.
+void tst_WriteFileBextThread::refusesWhatDoesNotFit()
+{
+    WriteFileBextThread worker;
+    QSignalSpy spy(&worker, &WriteFileBextThread::signalFileBextFinishedExtended);
+    for (const int length : {256, 257}) { // of the record with the new class
+        const QByteArray comment(length - 10, 'c');
+        const Items items = {addRow("a.wav", "Pip|" + comment)};
+        worker.writeFileBextExtended(0, m_folder.path(), m_class.data(), items);
+        QCOMPARE(description("a.wav"), (length == 256 ? "Pip + Nyc|" : "Pip|") + comment);
+        QCOMPARE(spy.takeLast().last().toBool(), length == 256);
     }
 }
 
