@@ -52,6 +52,7 @@
 #include <QFontDatabase>
 #include <QStyle>
 #include <QThread>
+#include <QTimer>
 
 namespace {
 
@@ -336,7 +337,10 @@ void MainWindow::setUpCopyWorker()
 
 void MainWindow::connectLists()
 {
-    connect(m_opener, &FileOpener::folderWanted, m_headers, &HeaderChain::open);
+    connect(m_opener, &FileOpener::folderWanted, m_headers, [this](const FolderTask& task) {
+        // In a turn of the event loop of its own: listing a large folder has just taken one.
+        QTimer::singleShot(0, m_headers, [this, task] { m_headers->open(task); });
+    });
     connect(m_opener, &FileOpener::listInvalidated, m_headers, &HeaderChain::openSingleFile);
     connect(m_headers, &HeaderChain::signalGetFileHeaderInfo, this, &MainWindow::signalGetFileHeaderInfo);
     connect(m_headers, &HeaderChain::recordingWanted, this, &MainWindow::plot_Data);
