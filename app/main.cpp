@@ -39,6 +39,7 @@ int main(int argc, char* argv[])
 
     const auto window = std::make_unique<MainWindow>();
     window->show();
+    window->activateWindow(); // where no window manager does it, shortcuts would wait for a first click
     registerQueuedTypes();
 
     if (line.automaticClassification)

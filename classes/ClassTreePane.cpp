@@ -8,6 +8,8 @@
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int countInterval = 40; // ms; thousands of rows may be filled in a second
@@ -46,7 +48,8 @@ void ClassTreePane::setUpColumns()
     header->setSectionResizeMode(Name, QHeaderView::Stretch);
     header->setSectionResizeMode(AssignButton, QHeaderView::Fixed);
     constexpr int buttonWidth = 32;
-    header->resizeSection(Count, header->sectionSizeHint(Count));
+    const int manyRecordings = m_tree.fontMetrics().horizontalAdvance(QStringLiteral("100000 00"));
+    header->resizeSection(Count, std::max(manyRecordings, header->sectionSizeHint(Count)));
     header->resizeSection(Shortcut, header->sectionSizeHint(Shortcut));
     header->resizeSection(AssignButton, buttonWidth);
 }
