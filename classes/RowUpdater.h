@@ -28,6 +28,7 @@ private:
     ClassTreePane& m_classes;
     bool m_sortingSuspended = false;
     bool m_inRun = false;
+    bool m_manyRows = false; // in a run
     QElapsedTimer m_sinceCounts;
 };
 

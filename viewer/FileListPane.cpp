@@ -48,7 +48,7 @@ void FileListPane::setUpList()
     m_list.setItemsExpandable(false);
     m_list.setUniformRowHeights(true);
     m_list.setAllColumnsShowFocus(true);
-    m_list.setVerticalScrollMode(QAbstractItemView::ScrollPerItem); // repaintRow() counts rows
+    m_list.setVerticalScrollMode(QAbstractItemView::ScrollPerItem); // RowItem::repaint() counts rows
     m_list.setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list.setSelectionBehavior(QAbstractItemView::SelectRows);
     m_list.setEditTriggers(QAbstractItemView::NoEditTriggers); // editComment() alone opens an editor
@@ -131,18 +131,10 @@ void FileListPane::fillRow(int index, const RecordingRow& header)
         if (m_purpose == Purpose::Assignment)
             RowItem::applyColour(*item);
     }
-    repaintRow(index);
+    RowItem::repaint(m_list, m_list.model()->index(index, RowItem::Name));
     RecordingRow filled = header;
     filled.name = item->text(RowItem::Name);
     emit rowFilled(filled);
-}
-
-void FileListPane::repaintRow(int index)
-{
-    const QRect visible = m_list.viewport()->rect();
-    const QRect name = m_list.visualRect(m_list.model()->index(index, RowItem::Name));
-    if (name.bottom() >= visible.top() && name.top() <= visible.bottom())
-        m_list.viewport()->update(visible.left(), name.top(), visible.width(), name.height());
 }
 
 void FileListPane::setProgress(int percent)

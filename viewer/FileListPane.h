@@ -78,7 +78,6 @@ private:
     void setUpList();
     void fitNameColumn(const QStringList& names);
     int headerWidth(int column) const;
-    void repaintRow(int index);
     QModelIndex cell(QTreeWidgetItem* item, int column) const;
     void acceptClicked(const QModelIndex& index);
     void rowsRemoved();

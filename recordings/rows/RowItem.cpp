@@ -74,6 +74,14 @@ std::optional<QColor> RowItem::colour(const ClassRecord& record)
     return std::nullopt;
 }
 
+void RowItem::repaint(QTreeWidget& list, const QModelIndex& index)
+{
+    const QRect visible = list.viewport()->rect();
+    const QRect row = list.visualRect(index);
+    if (row.bottom() >= visible.top() && row.top() <= visible.bottom())
+        list.viewport()->update(visible.left(), row.top(), visible.width(), row.height());
+}
+
 void RowItem::applyColour(QTreeWidgetItem& item)
 {
     const std::optional<QColor> colour = RowItem::colour(read(item).record);

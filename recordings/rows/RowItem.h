@@ -7,6 +7,8 @@
 
 #include <optional>
 
+class QModelIndex;
+class QTreeWidget;
 class QTreeWidgetItem;
 
 /// The one place that knows the columns of a file list: item to row value and back. Holds no item and no
@@ -47,6 +49,10 @@ public:
     /// The colour that a record gives its row: green when the proposal was accepted, orange-red when a class
     /// was assigned without, black when there is neither; none when the row keeps the colour it has.
     static std::optional<QColor> colour(const ClassRecord& record);
+
+    /// Has the row of `index` drawn, if it is in sight: for those who change many with the signals of the
+    /// model blocked, since a view looks at each of them.
+    static void repaint(QTreeWidget& list, const QModelIndex& index);
 
     /// Draws name to class 4 in the colour of the record that `item` shows.
     static void applyColour(QTreeWidgetItem& item);
