@@ -52,11 +52,6 @@ void KeyRouter::addClassTree(QTreeWidget& tree, const Command& assign, const Com
     add(&tree, Qt::Key_Delete, remove);
 }
 
-void KeyRouter::addCanvas(QWidget& canvas, const Command& escape)
-{
-    add(&canvas, Qt::Key_Escape, escape);
-}
-
 void KeyRouter::setPlayPause(const Command& command)
 {
     add(nullptr, Qt::Key_Space, command);

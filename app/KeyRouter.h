@@ -43,8 +43,6 @@ public:
     /// Return or Enter, the same with Ctrl, and Delete.
     void addClassTree(QTreeWidget& tree, const Command& assign, const Command& activate,
                       const Command& remove);
-    /// Escape on the plot.
-    void addCanvas(QWidget& canvas, const Command& escape);
     /// Space, whatever has the focus. A focused button is therefore pressed with Return or Enter.
     void setPlayPause(const Command& command);
 

@@ -105,7 +105,8 @@ MainWindow::~MainWindow()
     m_copyWorker->requestStop();
     delete m_playback; // it talks to settings, controls and samples until its end
     if (!m_workers->stop(stopMilliseconds))
-        m_session.release(); // a computation still reads the samples; they go with the process
+        static_cast<void>(
+            m_session.release()); // a computation still reads the samples; they go with the process
 }
 
 void MainWindow::setUpFrame()

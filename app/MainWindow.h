@@ -167,6 +167,8 @@ public slots:
     void rightClickMenu_fileView(const QPoint& pos);
     void rightClickMenu_2(const QPoint& pos);
     void assignFileToClass();
+    // The gestures of the evaluation list for whoever has only the window: its own menu and check boxes go
+    // to the objects behind these at once.
     void acceptProposal(int state);
     void reassign1triggered();
     void reassign2triggered();

@@ -13,12 +13,19 @@
 
 namespace {
 
+/// Before there is an application: what was asked for may need no display.
 QStringList argumentList(int argc, char* argv[])
 {
+#ifdef Q_OS_WIN
+    // There argv is in the code page of the system, which lacks letters that paths may have.
+    const QCoreApplication application(argc, argv);
+    return QCoreApplication::arguments();
+#else
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     return arguments;
+#endif
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // Filling the list of a large folder: the chain of header requests against an empty chain on the same
 // threads, and how long the GUI thread is kept from its event loop.
 
+#include "benchmarks/StallWatch.h"
 #include "recordings/GetFileInfoThread.h"
 #include "recordings/RecordingSession.h"
 #include "tests/support/ScriptedPrompts.h"
@@ -89,29 +90,6 @@ public slots:
 signals:
     void signalGetFileHeaderInfo(int, const QString&, bool, const QString&, int);
     void finished();
-};
-
-/// The longest time between two turns of the event loop, as a timer sees it.
-class StallWatch
-{
-public:
-    StallWatch()
-    {
-        m_timer.setTimerType(Qt::PreciseTimer);
-        QObject::connect(&m_timer, &QTimer::timeout, [this] {
-            m_longest = std::max(m_longest, static_cast<double>(m_since.nsecsElapsed()) * 1e-6 - period);
-            m_since.start();
-        });
-        m_since.start();
-        m_timer.start(period);
-    }
-    double milliseconds() const { return m_longest; }
-
-private:
-    static constexpr int period = 5;
-    QTimer m_timer;
-    QElapsedTimer m_since;
-    double m_longest = 0.0;
 };
 
 /// A window's list, its chain and the header worker on a thread of its own.
@@ -211,7 +189,7 @@ void folderAgainstEmptyChain(benchmark::State& state)
     for (auto _ : state) {
         Loading loading;
         QApplication::processEvents();
-        const StallWatch watch;
+        const StallWatch watch(5);
         QElapsedTimer timer;
         timer.start();
         loading.run(FolderTask::openedFolder(folder));

@@ -4,21 +4,19 @@
 
 #include "app/MainWindow.h"
 #include "app/QueuedTypes.h"
+#include "benchmarks/StallWatch.h"
 #include "tests/support/TemporarySettings.h"
 #include "tools/WavBytes.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QDialog>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QProgressDialog>
 #include <QTemporaryDir>
-#include <QThread>
 #include <QTimer>
 #include <QTreeWidget>
 
@@ -64,29 +62,6 @@ public:
 
 private:
     QTemporaryDir m_folder;
-};
-
-/// The longest time, in ms, between two turns of the event loop.
-class StallWatch
-{
-public:
-    StallWatch()
-    {
-        m_timer.setTimerType(Qt::PreciseTimer);
-        QObject::connect(&m_timer, &QTimer::timeout, [this] {
-            m_longest = std::max(m_longest, static_cast<double>(m_since.nsecsElapsed()) * 1e-6 - period);
-            m_since.start();
-        });
-        m_since.start();
-        m_timer.start(period);
-    }
-    double milliseconds() const { return m_longest; }
-
-private:
-    static constexpr int period = 2;
-    QTimer m_timer;
-    QElapsedTimer m_since;
-    double m_longest = 0.0;
 };
 
 /// The program's window with settings of its own, shown and drawn once.
@@ -189,7 +164,7 @@ void openFolder(benchmark::State& state)
             if (painted == 0.0)
                 painted = since(timer);
         });
-        const StallWatch watch;
+        const StallWatch watch(2);
         timer.start();
         QTimer::singleShot(0, &program.window, [&] { program.window.open(night.path()); });
         if (!program.waitFor([&] { return painted > 0.0 && program.listComplete(); }))
@@ -220,7 +195,7 @@ void stepToNext(benchmark::State& state)
     double stall = 0.0;
     for (auto _ : state) {
         painted = false;
-        const StallWatch watch;
+        const StallWatch watch(2);
         QElapsedTimer timer;
         timer.start();
         program.press(program.list("treeWidget_2"), Qt::Key_Right);
@@ -248,7 +223,7 @@ void assignToAll(benchmark::State& state)
     int round = 0;
     double stall = 0.0;
     for (auto _ : state) {
-        const StallWatch watch;
+        const StallWatch watch(2);
         QElapsedTimer timer;
         timer.start();
         list.selectAll();

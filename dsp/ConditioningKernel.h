@@ -5,6 +5,10 @@
 
 #include <cstring>
 
+#ifdef _MSC_VER // older versions fuse under /arch:AVX2
+#pragma fp_contract(off)
+#endif
+
 // The conditioning of rows as templates over a vector type. Everything has internal linkage: each file that
 // includes this is compiled for another processor, and the linker must not mix their code. For the same
 // reason no function of the standard library is used that might be emitted out of line.

@@ -11,6 +11,7 @@ namespace MatrixLimit {
 
 inline constexpr qint64 cells = 80'000'000;
 
+/// The overlap that keeps the limit.
 struct Overlap
 {
     double percent = 0;

@@ -7,6 +7,10 @@
 #include <cstdint>
 #include <limits>
 
+#ifdef _MSC_VER // older versions fuse under /arch:AVX2
+#pragma fp_contract(off)
+#endif
+
 /// For taking a double apart by its bits: adding the difference of the first two moves the border between
 /// exponents from 1 to the square root of a half.
 namespace DoubleBits {

@@ -2,24 +2,15 @@
 // Any bytes as a file into which a Description is written: it is either refused, with the file as it was, or
 // nothing but the Description changes. See fuzz/README.md; the corpus is replayed by tests/recordings.
 
+#include "fuzz/require.h"
 #include "recordings/writeBextDescription.h"
 
 #include <QTemporaryFile>
 #include <QtEndian>
 
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 namespace {
-
-void require(bool holds, const char* what)
-{
-    if (holds)
-        return;
-    std::fprintf(stderr, "does not hold: %s\n", what);
-    std::abort();
-}
 
 /// Where the payload of the first "bext" chunk starts, by a walk of its own; -1 where there is none.
 qint64 bextPayload(const QByteArray& bytes)

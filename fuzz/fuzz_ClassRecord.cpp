@@ -3,21 +3,12 @@
 // reads back, and no edit of what may be typed breaks a record. See fuzz/README.md; the corpus is replayed by
 // tests/recordings.
 
+#include "fuzz/require.h"
 #include "recordings/classRecordEdit.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 
 namespace {
-
-void require(bool holds, const char* what)
-{
-    if (holds)
-        return;
-    std::fprintf(stderr, "does not hold: %s\n", what);
-    std::abort();
-}
 
 /// Nothing in the record but what may be typed, so that it can take every form.
 bool isTyped(const ClassRecord& record)

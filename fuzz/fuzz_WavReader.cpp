@@ -3,23 +3,14 @@
 // warrant, and what they say must fit together. See fuzz/README.md; the corpus is replayed by
 // tests/recordings.
 
+#include "fuzz/require.h"
 #include "recordings/WavReader.h"
 
 #include <QBuffer>
 
-#include <cstdio>
-#include <cstdlib>
 #include <tuple>
 
 namespace {
-
-void require(bool holds, const char* what)
-{
-    if (holds)
-        return;
-    std::fprintf(stderr, "does not hold: %s\n", what);
-    std::abort();
-}
 
 /// Everything that does not depend on whether samples were read.
 auto header(const WavFields& f)

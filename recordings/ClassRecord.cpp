@@ -99,11 +99,6 @@ bool ClassRecord::proposesNoCall() const
     return autoClass == QLatin1String("No Call") || autoClass == QLatin1String("No call");
 }
 
-bool ClassRecord::hasAnyClass() const
-{
-    return usedSlots(classes) > 0;
-}
-
 bool ClassRecord::contains(const QString& className) const
 {
     return !className.isEmpty() && std::find(classes.cbegin(), classes.cend(), className) != classes.cend();

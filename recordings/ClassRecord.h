@@ -44,7 +44,6 @@ struct ClassRecord
 
     /// The main class is empty, whatever the other slots hold.
     bool isUnassigned() const { return classes[0].isEmpty(); }
-    bool hasAnyClass() const;
     /// Whether a slot holds `className`, which is not empty.
     bool contains(const QString& className) const;
     /// "1" when the proposed classes are exactly the assigned ones, in any order, else "0".

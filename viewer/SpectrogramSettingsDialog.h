@@ -7,7 +7,6 @@
 #include <memory>
 
 class SettingsStore;
-struct ScaleLimits;
 
 namespace Ui {
 class SpectrogramSettingsDialog;

@@ -100,13 +100,6 @@ void SpectrogramView::setFrequencyLimits(const AxisLimits& limits)
     replot();
 }
 
-void SpectrogramView::setTimeLimits(const AxisLimits& limits)
-{
-    const AxisLimits& shown = limits.isValid() ? limits : m_wholeTime;
-    setAxisScale(xBottom, shown.lower, shown.upper);
-    replot();
-}
-
 AxisLimits SpectrogramView::frequencyLimits() const
 {
     const QwtInterval interval = axisInterval(yLeft);

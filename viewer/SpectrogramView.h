@@ -36,11 +36,11 @@ public:
     /// Takes picture and detection marks away and frees the matrix; the axes stay as they are.
     void removePicture();
 
-    /// The visible part of the axes, in kHz and seconds. Where the limits leave nothing to see, the whole
-    /// recording's frequencies (duration) are shown.
+    /// The visible frequencies in kHz. Where the limits leave nothing to see, all of the recording's are
+    /// shown.
     void setFrequencyLimits(const AxisLimits& limits);
-    void setTimeLimits(const AxisLimits& limits);
     AxisLimits frequencyLimits() const;
+    /// The visible part of the recording in seconds.
     AxisLimits timeLimits() const;
 
     /// Levels (dBFS) of the first and last colour. Without valid limits no picture is drawn; the colour bar

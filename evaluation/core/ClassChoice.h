@@ -21,6 +21,7 @@ enum class Unassigned {
     ByDetection ///< those in which no call was detected are "Detected No Call" instead
 };
 
+/// One class of a list to choose from.
 struct Line
 {
     QString name;

@@ -63,8 +63,11 @@ bool copyContents(QFile& source, NewFile& target, const std::atomic<bool>& stop)
     // The system's own copy wants a name that is not taken.
     const QString name = target.file().fileName();
     target.file().remove();
-    return !stop && QFile::copy(source.fileName(), name) &&
-           target.file().open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered) &&
+    if (stop || !QFile::copy(source.fileName(), name))
+        return false;
+    // The copy of a write-protected recording is protected, too, and could be neither opened nor removed.
+    QFile::setPermissions(name, QFile::permissions(name) | QFileDevice::WriteOwner | QFileDevice::WriteUser);
+    return target.file().open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered) &&
            target.file().size() == source.size();
 }
 

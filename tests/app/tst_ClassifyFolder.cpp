@@ -4,6 +4,7 @@
 #include "recordings/rows/RowItem.h"
 #include "tests/app/ScriptedUser.h"
 #include "tests/support/TemporarySettings.h"
+#include "tests/support/waitUntil.h"
 #include "tools/WavBytes.h"
 
 #include <QAction>
@@ -110,8 +111,8 @@ bool tst_ClassifyFolder::open(const char* action, const QStringList& script)
     m_user->will(script);
     m_window->findChild<QAction*>(QLatin1String(action))->trigger();
     const auto* exporting = m_window->findChild<QAction*>(QStringLiteral("actionExport_CSV_File"));
-    return QTest::qWaitFor(
-        [&] { return exporting->isEnabled() && m_window->windowTitle().contains("a.wav"); }, patience);
+    return waitUntil([&] { return exporting->isEnabled() && m_window->windowTitle().contains("a.wav"); },
+                     patience);
 }
 
 void tst_ClassifyFolder::select(int first, int last)
@@ -199,8 +200,7 @@ void tst_ClassifyFolder::walk(const QVector<Step>& steps)
     for (const Step& step : steps) {
         m_user->will(step.script);
         step.act();
-        const bool reached =
-            QTest::qWaitFor([&] { return m_user->isDone() && shown() == step.rows; }, patience);
+        const bool reached = waitUntil([&] { return m_user->isDone() && shown() == step.rows; }, patience);
         const auto state = [&](const QString& text) { return step.name + (": " + text); };
         QVERIFY2(reached, qPrintable(state(shown() + ' ' + m_user->takeFaults())));
         QTRY_COMPARE(state(faults()), state({}));

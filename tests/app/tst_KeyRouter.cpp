@@ -82,7 +82,6 @@ void tst_KeyRouter::initTestCase()
                       {log("previous 2"), log("next 2"), log("load 2"), {}, {}, {}, {}});
     m_router->addClassTree(*qobject_cast<QTreeWidget*>(widget("classes")), log("assign class"),
                            log("activate"), log("remove class"));
-    m_router->addCanvas(*widget("canvas"), log("escape"));
     m_router->setPlayPause(log("play"));
     connect(qobject_cast<QPushButton*>(widget("button")), &QPushButton::clicked, this,
             [this] { m_done << "click"; });
@@ -134,7 +133,6 @@ void tst_KeyRouter::keys_data()
     row("classes", Qt::Key_Return, "activate", Qt::ControlModifier);
     row("classes", Qt::Key_Delete, "remove class");
     row("classes", Qt::Key_Right, "");
-    row("canvas", Qt::Key_Escape, "escape");
     row("canvas", Qt::Key_Space, "play");
     row("button", Qt::Key_Space, "play");
     row("button", Qt::Key_Return, "click");

@@ -3,6 +3,7 @@
 #include "base/SettingsStore.h"
 #include "tests/support/MessageBoxWatch.h"
 #include "tests/support/TemporarySettings.h"
+#include "tests/support/waitUntil.h"
 #include "tools/WavBytes.h"
 #include "viewer/SpectrogramView.h"
 
@@ -113,7 +114,7 @@ bool tst_MainWindow::show(const QString& path)
 {
     QSignalSpy painted(m_window.get(), &MainWindow::spectrogramPainted);
     m_window->open(path);
-    return !painted.isEmpty() || painted.wait(patience);
+    return waitUntil([&] { return !painted.isEmpty(); }, patience);
 }
 
 void tst_MainWindow::startsEmptyAndIdle()
@@ -176,7 +177,7 @@ void tst_MainWindow::opensByDialog()
     });
     QSignalSpy painted(m_window.get(), &MainWindow::spectrogramPainted);
     find<QAction>("actionOpen_File")->trigger();
-    QVERIFY(!painted.isEmpty() || painted.wait(patience));
+    QTRY_VERIFY_WITH_TIMEOUT(!painted.isEmpty(), patience);
     QCOMPARE(SettingsStore().value(SettingKeys::filePath), path);
 }
 
@@ -193,7 +194,7 @@ void tst_MainWindow::opensByDrop()
     QSignalSpy painted(m_window.get(), &MainWindow::spectrogramPainted);
     QApplication::sendEvent(m_window.get(), &drop);
     QCOMPARE(drop.dropAction(), Qt::CopyAction); // nobody is to delete what was only looked at
-    QVERIFY(!painted.isEmpty() || painted.wait(patience));
+    QTRY_VERIFY_WITH_TIMEOUT(!painted.isEmpty(), patience);
     QVERIFY(m_window->windowTitle().startsWith(path));
 }
 
@@ -206,7 +207,7 @@ void tst_MainWindow::ignoresOpeningWhileBusy()
     m_window->open(first);
     m_window->open(second);
     m_window->plot_Data(second);
-    QVERIFY(painted.wait(patience));
+    QTRY_VERIFY_WITH_TIMEOUT(!painted.isEmpty(), patience);
     QCOMPARE(requests.size(), 1);
     QVERIFY(m_window->windowTitle().startsWith(first));
 }

@@ -2,6 +2,7 @@
 
 #include "recordings/WavReader.h"
 #include "recordings/rows/RowItem.h"
+#include "tests/support/waitUntil.h"
 #include "tools/WavBytes.h"
 
 #include <QTreeWidgetItemIterator>
@@ -146,5 +147,5 @@ QString ClassDesk::differingFiles() const
 
 bool ClassDesk::waitForEnd() const
 {
-    return QTest::qWaitFor([this] { return !controller->isRunning(); }, 5000);
+    return waitUntil([this] { return !controller->isRunning(); }, 5000);
 }

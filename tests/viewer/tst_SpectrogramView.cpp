@@ -84,7 +84,7 @@ private slots:
     void axesFollowTheResult()
     {
         SpectrogramView view;
-        view.setTimeLimits({0.4, 0.5});
+        view.setAxisScale(QwtPlot::xBottom, 0.4, 0.5);
         view.setScaleItemPosition(0.4);
         const QVector<double> matrix = evenMatrix(-50.0);
         view.showResult(matrix, 30, 2.5, 250);

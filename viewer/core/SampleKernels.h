@@ -9,6 +9,7 @@
 /// code takes over; the results are the same bits.
 namespace SampleKernels {
 
+/// What the samples of a stretch amount to, in steps of the converter.
 struct Statistics
 {
     double maximum = 0;
