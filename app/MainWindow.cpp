@@ -90,6 +90,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), m_ui(std::make_un
     connectResult();
     connectLists();
     connectClasses();
+    connectMenus();
     connectEvaluation();
     connectSettings();
     restoreSettings();
@@ -381,6 +382,20 @@ void MainWindow::connectClasses()
     });
 }
 
+void MainWindow::connectMenus()
+{
+    using Slot = void (MainWindow::*)();
+    static constexpr Slot reassign[] = {&MainWindow::reassign1triggered, &MainWindow::reassign2triggered,
+                                        &MainWindow::reassign3triggered, &MainWindow::reassign4triggered};
+    static constexpr Slot unassign[] = {&MainWindow::unassign1triggered, &MainWindow::unassign2triggered,
+                                        &MainWindow::unassign3triggered, &MainWindow::unassign4triggered};
+    const FileListMenus* menus = &m_assigning->menus();
+    connect(menus, &FileListMenus::reassigningWanted, this, [this](int slot) { (this->*reassign[slot])(); });
+    connect(menus, &FileListMenus::unassigningWanted, this, [this](int slot) { (this->*unassign[slot])(); });
+    connect(menus, &FileListMenus::csvExportWanted, this, &MainWindow::exportCSVFileFromAction);
+    connect(menus, &FileListMenus::vantorExportWanted, this, &MainWindow::exportVantorFileFromAction);
+}
+
 void MainWindow::setRowsInUse(bool inUse)
 {
     m_headers->setRowsHeld(inUse);
@@ -392,10 +407,6 @@ void MainWindow::connectEvaluation()
     connect(m_folderEvaluation, &FolderEvaluationController::classTreeWanted, m_classTree,
             &ClassTreePane::setClassTree);
     connect(m_folderEvaluation, &FolderEvaluationController::folderWanted, m_headers, &HeaderChain::open);
-    connect(&m_assigning->menus(), &FileListMenus::csvExportWanted, this,
-            &MainWindow::exportCSVFileFromAction);
-    connect(&m_assigning->menus(), &FileListMenus::vantorExportWanted, this,
-            &MainWindow::exportVantorFileFromAction);
     connect(m_copying, &CopyController::copyFiles, this, &MainWindow::copyFiles);
     connect(m_copying, &CopyController::copyingEnded, m_copyWorker, &CopyFilesThread::endRun);
     connect(m_copying, &CopyController::runningChanged, this, &MainWindow::setRowsInUse);

@@ -167,9 +167,7 @@ public slots:
     void rightClickMenu_fileView(const QPoint& pos);
     void rightClickMenu_2(const QPoint& pos);
     void assignFileToClass();
-    // The gestures of the evaluation list for whoever has only the window: its own menu and check boxes go
-    // to the objects behind these at once.
-    void acceptProposal(int state);
+    void acceptProposal(int state); ///< of the current row; a clicked check box knows its own
     void reassign1triggered();
     void reassign2triggered();
     void reassign3triggered();
@@ -245,6 +243,7 @@ private:
     void connectResult();
     void connectLists();
     void connectClasses();
+    void connectMenus();
     void connectEvaluation();
     void setRowsInUse(bool inUse);
     void connectSettings();

@@ -2,7 +2,6 @@
 
 #include "classes/AssignmentController.h"
 #include "classes/ClassTreePane.h"
-#include "classes/DirectEdits.h"
 #include "classes/FileDeletion.h"
 #include "classes/core/AssignmentPlan.h"
 #include "classes/selectedRows.h"
@@ -98,15 +97,14 @@ void FileListMenus::addSlots(QMenu& menu)
     const QIcon reassignIcon = icon("orange_arrows.png");
     const QIcon unassignIcon = icon("red_arrow_right.png");
     const QVector<ClassRecord> records = recordsOf(selectedRecordings(m_evaluation));
-    DirectEdits* edits = &m_assigning.directEdits();
     QMenu* reassign = menu.addMenu(reassignIcon, QStringLiteral("Reassign"));
     QMenu* unassign = menu.addMenu(unassignIcon, QStringLiteral("Unassign"));
     for (int slot = 0; slot < ClassRecord::slotCount; ++slot) {
         const QString name = QStringLiteral("class %1").arg(slot + 1);
         const bool isFilled = AssignmentPlan::anyHasSlot(slot, records);
-        reassign->addAction(reassignIcon, name, edits, [edits, slot] { edits->reassign(slot); })
+        reassign->addAction(reassignIcon, name, this, [this, slot] { emit reassigningWanted(slot); })
             ->setEnabled(isFilled);
-        unassign->addAction(unassignIcon, name, edits, [edits, slot] { edits->unassign(slot); })
+        unassign->addAction(unassignIcon, name, this, [this, slot] { emit unassigningWanted(slot); })
             ->setEnabled(isFilled);
     }
     unassign->addAction(unassignIcon, QStringLiteral("&All classes"), &m_assigning,

@@ -31,6 +31,9 @@ public:
     std::unique_ptr<QMenu> folderMenu();
 
 signals:
+    // Of the class in a slot, see classRecordEdit.
+    void reassigningWanted(int slot);
+    void unassigningWanted(int slot);
     void csvExportWanted(const QList<QTreeWidgetItem*>& selectedItems);
     void vantorExportWanted(const QList<QTreeWidgetItem*>& selectedItems);
 

@@ -1,5 +1,7 @@
 #include "tests/classes/ClassDesk.h"
 
+#include "classes/DirectEdits.h"
+#include "classes/FileListMenus.h"
 #include "recordings/WavReader.h"
 #include "recordings/rows/RowItem.h"
 #include "tests/support/waitUntil.h"
@@ -65,6 +67,10 @@ void ClassDesk::connectWorker()
     QObject::connect(from, &Controller::signalDeleteClassFile, &worker, &Worker::deleteClassFile, queued);
     QObject::connect(from, &Controller::signalUnassignFile, &worker, &Worker::unassignFile, queued);
     QObject::connect(from, &Controller::signalResetFile, &worker, &Worker::resetFile, queued);
+    QObject::connect(&from->menus(), &FileListMenus::reassigningWanted, &from->directEdits(),
+                     &DirectEdits::reassign);
+    QObject::connect(&from->menus(), &FileListMenus::unassigningWanted, &from->directEdits(),
+                     &DirectEdits::unassign);
     QObject::connect(&pane, &ClassTreePane::assignButtonClicked, from, &Controller::assignFileToClass);
 }
 
