@@ -210,11 +210,21 @@ void plotFolderDialog::showYears()
     const std::vector<int>& years = m_model.recordings().years();
     for (const int year : years)
         m_ui->comboBoxYear->addItem(QString::number(year), year);
-    if (years.empty() || std::find(years.begin(), years.end(), m_plan.begin.year()) != years.end())
-        return;
-    const int later = m_plan.end.year() - m_plan.begin.year();
-    m_plan.begin = inYear(m_plan.begin, years.front());
-    m_plan.end = inYear(m_plan.end, years.front() + later);
+    const bool hasRecordings = std::any_of(years.begin(), years.end(), [this](int year) {
+        return year >= m_plan.begin.year() && year <= std::max(m_plan.begin, m_plan.end).year();
+    });
+    if (!hasRecordings && !years.empty())
+        moveToYear(years.front());
+}
+
+/// A season over New Year stays one.
+void plotFolderDialog::moveToYear(int year)
+{
+    const bool hasDays = m_plan.begin <= m_plan.end;
+    m_plan.begin = inYear(m_plan.begin, year);
+    m_plan.end = inYear(m_plan.end, year);
+    if (hasDays && m_plan.end < m_plan.begin)
+        m_plan.end = inYear(m_plan.end, year + 1);
 }
 
 void plotFolderDialog::connectSettings()
@@ -262,8 +272,8 @@ void plotFolderDialog::datesChanged(const QDate& begin, const QDate& end)
 
 void plotFolderDialog::yearChosen()
 {
-    const int year = m_ui->comboBoxYear->currentData().toInt();
-    datesChanged(inYear(m_plan.begin, year), inYear(m_plan.end, year));
+    moveToYear(m_ui->comboBoxYear->currentData().toInt());
+    settingsChanged();
 }
 
 void plotFolderDialog::applyPlan()

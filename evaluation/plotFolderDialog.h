@@ -83,6 +83,7 @@ private:
     void settingsChanged();
     void datesChanged(const QDate& begin, const QDate& end);
     void yearChosen();
+    void moveToYear(int year);
     void applyPlan();
     void showPlan();
 

@@ -298,6 +298,35 @@ private slots:
         QCOMPARE(tab(1).plot().table().bins.front().label, QStringLiteral("02/05/26"));
     }
 
+    /// The days of a season over New Year, with and without recordings in the year it begins in.
+    void showsYearsWithRecordings_data()
+    {
+        QTest::addColumn<int>("begin");
+        QTest::addColumn<int>("shown");
+        QTest::newRow("begins in the recordings' year") << 2026 << 2026;
+        QTest::newRow("ends in it") << 2025 << 2025;
+        QTest::newRow("long ago") << 2015 << 2026;
+    }
+    void showsYearsWithRecordings()
+    {
+        QFETCH(int, begin);
+        QFETCH(int, shown);
+        MonitoringPlan plan = m_settings->monitoring();
+        plan.begin = QDate(begin, 11, 1);
+        plan.end = QDate(begin + 1, 8, 31);
+        m_settings->setMonitoring(plan);
+        open(rowsOf(m_season));
+        const auto days = [this] {
+            return std::make_pair(m_dialog->findChild<QDateEdit*>(QStringLiteral("dateEditStart"))->date(),
+                                  m_dialog->findChild<QDateEdit*>(QStringLiteral("dateEditStop"))->date());
+        };
+        QCOMPARE(days(), std::make_pair(QDate(shown, 11, 1), QDate(shown + 1, 8, 31)));
+        auto* years = m_dialog->findChild<QComboBox*>(QStringLiteral("comboBoxYear"));
+        years->setCurrentIndex(0);
+        emit years->activated(0);
+        QCOMPARE(days(), std::make_pair(QDate(2026, 11, 1), QDate(2027, 8, 31)));
+    }
+
     void survivesOddSettings_data()
     {
         QTest::addColumn<int>("rows");
