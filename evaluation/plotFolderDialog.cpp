@@ -124,6 +124,7 @@ plotFolderDialog::plotFolderDialog(const QString& folder, const std::vector<Reco
     m_ui->setupUi(this);
     setWindowTitle(QStringLiteral("Activity Plots"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
+    m_ui->buttonBox->button(QDialogButtonBox::Close)->setAutoDefault(false); // Return ends a date or number
     addTabs();
     showSettings();
     placeSettings();

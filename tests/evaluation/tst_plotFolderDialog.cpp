@@ -286,7 +286,11 @@ private slots:
 
     void keepsSettings()
     {
-        m_dialog->findChild<QSpinBox*>(QStringLiteral("spinBoxStart"))->setValue(-20);
+        auto* minutes = m_dialog->findChild<QSpinBox*>(QStringLiteral("spinBoxStart"));
+        QTest::keyClick(m_dialog->findChild<QComboBox*>(QStringLiteral("comboBoxPeriodType")), Qt::Key_Down);
+        minutes->selectAll();
+        QTest::keyClicks(minutes, QStringLiteral("-20\r"));
+        QVERIFY(m_dialog->isVisible()); // Return is for the number alone
         m_dialog->findChild<QDateEdit*>(QStringLiteral("dateEditStart"))->setDate(QDate(2026, 5, 2));
         QCOMPARE(m_dialog->findChild<QDateEdit*>(QStringLiteral("dateEditStartWind"))->date(),
                  QDate(2026, 5, 2));
