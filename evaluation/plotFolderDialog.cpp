@@ -422,10 +422,16 @@ void plotFolderDialog::editColors()
         each->plot().setColors(colors);
 }
 
+/// The first one is likely to lie with the recordings.
+QString plotFolderDialog::askWeatherFile(const QString& title, const QString& present)
+{
+    return QFileDialog::getOpenFileName(this, title, present.isEmpty() ? m_folder : present);
+}
+
 void plotFolderDialog::defineTemperatureFile()
 {
-    const QString path = QFileDialog::getOpenFileName(
-        this, QStringLiteral("Define Temperature and Precipitation Data File"), m_settings.temperatureFile());
+    const QString path = askWeatherFile(QStringLiteral("Define Temperature and Precipitation Data File"),
+                                        m_settings.temperatureFile());
     if (path.isEmpty())
         return;
     m_settings.setTemperatureFile(path);
@@ -436,8 +442,7 @@ void plotFolderDialog::defineTemperatureFile()
 
 void plotFolderDialog::defineWindFile()
 {
-    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Define Wind Speed Data File"),
-                                                      m_settings.windFile());
+    const QString path = askWeatherFile(QStringLiteral("Define Wind Speed Data File"), m_settings.windFile());
     if (path.isEmpty() || LoadWindDialog(this, path, m_settings).exec() != QDialog::Accepted)
         return;
     m_settings.setWindFile(path);

@@ -97,6 +97,7 @@ private:
 
     void editInvalidTimes();
     void editColors();
+    QString askWeatherFile(const QString& title, const QString& present);
     void defineTemperatureFile();
     void defineWindFile();
     void loadWeather(ActivityKind kind);
