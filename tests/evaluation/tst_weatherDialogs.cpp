@@ -40,7 +40,7 @@ private slots:
             editor(dialog, row, 1)->setFocus();
             QTest::keyClick(editor(dialog, row, 1), Qt::Key_Return);
         }
-        QVERIFY(dialog.isVisible()); // Return is for the time alone
+        QVERIFY(dialog.isVisible());           // Return is for the time alone
         QCOMPARE(dialog.invalidTimes(), text); // not yet accepted
         QTest::mouseClick(button(dialog, "OK"), Qt::LeftButton);
         const QString edited =
