@@ -15,9 +15,13 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QtTest>
+#include <qwt_legend.h>
 #include <qwt_legend_label.h>
+#include <qwt_plot_curve.h>
 #include <qwt_plot_item.h>
 #include <qwt_scale_draw.h>
+
+#include <set>
 
 namespace {
 
@@ -190,6 +194,26 @@ private slots:
         QCOMPARE(label->text().textSize(label->font()), plain.textSize(label->font()));
         QCOMPARE(ActivitySettings(m_folder.path(), m_folder.path()).classColors().firstKey(),
                  label->text().text());
+    }
+
+    /// Each has a line of its own, and a place in the legend of an exported plot.
+    void manyClasses()
+    {
+        QStringList names;
+        for (int i = 0; i < 40; ++i)
+            names << QStringLiteral("Class %1").arg(i);
+        ActivityPlot plot(ActivityKind::Days);
+        plot.initialise(names);
+        std::set<std::pair<QString, int>> lines;
+        for (const QwtPlotItem* item : plot.itemList(QwtPlotItem::Rtti_PlotCurve)) {
+            const QPen pen = static_cast<const QwtPlotCurve*>(item)->pen();
+            lines.insert({pen.color().name(), pen.style()});
+        }
+        QCOMPARE(lines.size(), std::size_t(40));
+        const QString path = m_folder.filePath(QStringLiteral("many.png"));
+        QVERIFY(plot.exportTo(path));
+        const int legend = plot.plotLegend().contentsWidget()->sizeHint().height();
+        QVERIFY(QImage(path).height() > legend * 85 / plot.logicalDpiY()); // both in dots per inch
     }
 
     void axisAndZoom_data()
