@@ -39,11 +39,12 @@ const QColor hoursColor(0xE4, 0xE8, 0xEC);
 const QColor nightColor(0x20, 0x30, 0x60, 26);
 const QColor twilightColor(0x20, 0x30, 0x60, 13);
 
-/// Colours repeat and print may be grey: neighbours differ in line and symbol, too.
+/// Colours repeat and print may be grey: neighbours differ in line and symbol, too. A colour has another line
+/// each time.
 QPen penOf(int i, const QColor& color)
 {
     static const Qt::PenStyle styles[] = {Qt::SolidLine, Qt::DashLine, Qt::DashDotLine};
-    return {color, 1.6, styles[(i / 6) % 3]};
+    return {color, 1.6, styles[(i % curveColorCount / 6 + i / curveColorCount) % 3]};
 }
 
 QwtSymbol* symbolOf(int i, const QColor& color, int size)
@@ -384,7 +385,7 @@ bool ActivityPlot::exportTo(const QString& filePath)
     reduceLegend();
     QwtPlotRenderer renderer;
     renderer.setDiscardFlag(QwtPlotRenderer::DiscardBackground); // paper is white
-    renderer.renderDocument(this, draft.fileName(), QSizeF(300, 200), 85);
+    renderer.renderDocument(this, draft.fileName(), QSizeF(300, std::max(200.0, legendHeight())), 85);
     restoreLegend();
     return draft.open(QIODevice::ReadOnly) && draft.size() > 0 &&
            ExportFile::writeBytes(filePath, draft.readAll());
@@ -396,6 +397,13 @@ void ActivityPlot::reduceLegend()
     for (QwtPlotItem* item : itemList())
         if (item->testItemAttribute(QwtPlotItem::Legend) && !item->isVisible())
             emit legendDataChanged(itemToInfo(item), {});
+}
+
+/// In mm: on paper it cannot be scrolled.
+double ActivityPlot::legendHeight() const
+{
+    constexpr double margin = 4.0;
+    return margin + 25.4 * m_legend->contentsWidget()->layout()->sizeHint().height() / logicalDpiY();
 }
 
 /// Makes all entries anew, so that they have their order again.

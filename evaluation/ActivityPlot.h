@@ -74,6 +74,7 @@ private:
     void setLeftScale();
     void checkLegend();
     void reduceLegend();
+    double legendHeight() const;
     void restoreLegend();
 
     ActivityKind m_kind;

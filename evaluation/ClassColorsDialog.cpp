@@ -45,7 +45,7 @@ ClassColorsDialog::ClassColorsDialog(const QVector<Entry>& entries, QWidget* par
     layout->addWidget(buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    resize(340, 420);
+    resize(480, 420);
 }
 
 void ClassColorsDialog::chooseColor(QPushButton* button, const QString& name)

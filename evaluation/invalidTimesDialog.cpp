@@ -5,6 +5,7 @@
 
 #include <QDateTimeEdit>
 #include <QHeaderView>
+#include <QKeyEvent>
 
 namespace {
 
@@ -82,6 +83,14 @@ void invalidTimesDialog::on_buttonBox_accepted()
     }
     m_invalidTimes = invalidPeriodsText(periods);
     accept();
+}
+
+/// Return ends the time that is typed and not the dialog, too.
+void invalidTimesDialog::keyPressEvent(QKeyEvent* event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isReturn || qobject_cast<QDateTimeEdit*>(focusWidget()) == nullptr)
+        QDialog::keyPressEvent(event);
 }
 
 void invalidTimesDialog::beginTimeChanged()

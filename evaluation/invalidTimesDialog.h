@@ -34,6 +34,9 @@ public slots:
     /// Keeps the end of the sender's row from being earlier than its begin.
     void beginTimeChanged();
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     void addRow(const InvalidPeriod& period);
     QDateTimeEdit* makeEditor(const QDateTime& time);

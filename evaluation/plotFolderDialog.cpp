@@ -124,6 +124,7 @@ plotFolderDialog::plotFolderDialog(const QString& folder, const std::vector<Reco
     m_ui->setupUi(this);
     setWindowTitle(QStringLiteral("Activity Plots"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
+    m_ui->buttonBox->button(QDialogButtonBox::Close)->setAutoDefault(false); // Return ends a date or number
     addTabs();
     showSettings();
     placeSettings();
@@ -210,11 +211,21 @@ void plotFolderDialog::showYears()
     const std::vector<int>& years = m_model.recordings().years();
     for (const int year : years)
         m_ui->comboBoxYear->addItem(QString::number(year), year);
-    if (years.empty() || std::find(years.begin(), years.end(), m_plan.begin.year()) != years.end())
-        return;
-    const int later = m_plan.end.year() - m_plan.begin.year();
-    m_plan.begin = inYear(m_plan.begin, years.front());
-    m_plan.end = inYear(m_plan.end, years.front() + later);
+    const bool hasRecordings = std::any_of(years.begin(), years.end(), [this](int year) {
+        return year >= m_plan.begin.year() && year <= std::max(m_plan.begin, m_plan.end).year();
+    });
+    if (!hasRecordings && !years.empty())
+        moveToYear(years.front());
+}
+
+/// A season over New Year stays one.
+void plotFolderDialog::moveToYear(int year)
+{
+    const bool hasDays = m_plan.begin <= m_plan.end;
+    m_plan.begin = inYear(m_plan.begin, year);
+    m_plan.end = inYear(m_plan.end, year);
+    if (hasDays && m_plan.end < m_plan.begin)
+        m_plan.end = inYear(m_plan.end, year + 1);
 }
 
 void plotFolderDialog::connectSettings()
@@ -262,8 +273,8 @@ void plotFolderDialog::datesChanged(const QDate& begin, const QDate& end)
 
 void plotFolderDialog::yearChosen()
 {
-    const int year = m_ui->comboBoxYear->currentData().toInt();
-    datesChanged(inYear(m_plan.begin, year), inYear(m_plan.end, year));
+    moveToYear(m_ui->comboBoxYear->currentData().toInt());
+    settingsChanged();
 }
 
 void plotFolderDialog::applyPlan()
@@ -411,10 +422,16 @@ void plotFolderDialog::editColors()
         each->plot().setColors(colors);
 }
 
+/// The first one is likely to lie with the recordings.
+QString plotFolderDialog::askWeatherFile(const QString& title, const QString& present)
+{
+    return QFileDialog::getOpenFileName(this, title, present.isEmpty() ? m_folder : present);
+}
+
 void plotFolderDialog::defineTemperatureFile()
 {
-    const QString path = QFileDialog::getOpenFileName(
-        this, QStringLiteral("Define Temperature and Precipitation Data File"), m_settings.temperatureFile());
+    const QString path = askWeatherFile(QStringLiteral("Define Temperature and Precipitation Data File"),
+                                        m_settings.temperatureFile());
     if (path.isEmpty())
         return;
     m_settings.setTemperatureFile(path);
@@ -425,8 +442,7 @@ void plotFolderDialog::defineTemperatureFile()
 
 void plotFolderDialog::defineWindFile()
 {
-    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Define Wind Speed Data File"),
-                                                      m_settings.windFile());
+    const QString path = askWeatherFile(QStringLiteral("Define Wind Speed Data File"), m_settings.windFile());
     if (path.isEmpty() || LoadWindDialog(this, path, m_settings).exec() != QDialog::Accepted)
         return;
     m_settings.setWindFile(path);

@@ -83,6 +83,7 @@ private:
     void settingsChanged();
     void datesChanged(const QDate& begin, const QDate& end);
     void yearChosen();
+    void moveToYear(int year);
     void applyPlan();
     void showPlan();
 
@@ -96,6 +97,7 @@ private:
 
     void editInvalidTimes();
     void editColors();
+    QString askWeatherFile(const QString& title, const QString& present);
     void defineTemperatureFile();
     void defineWindFile();
     void loadWeather(ActivityKind kind);

@@ -142,13 +142,13 @@ class Plan:
         order = [(72 + i) % 144 for i in range(144)]
         for slot in order:
             bins[slot] = []
-        # Minute by minute, so that changes of clocks need no thought.
+        # In steps that divide quarters of an hour, by which zones differ; changes of clocks need no thought.
         low = min(window[0] for window in self.windows.values())
         high = max(window[1] for window in self.windows.values())
-        for minute in range(low // 60 * 60, high, 600):
-            wall = self.clock.wall(minute)
+        for start in range(low // 300 * 300, high, 300):
+            wall = self.clock.wall(start)
             slot = (wall.hour * 60 + wall.minute) // 10
-            bins[slot] += self.monitored([(minute, minute + 600)])
+            bins[slot] += self.monitored([(start, start + 300)])
         return [(f"{slot // 6:02}:{slot % 6 * 10:02}", bins[slot]) for slot in order]
 
     def night_bins(self):

@@ -7,6 +7,8 @@
 #include <QStandardPaths>
 #include <QTemporaryFile>
 
+#include <cmath>
+
 namespace {
 
 constexpr char fileName[] = "/SonaviaSettings.ini";
@@ -89,7 +91,7 @@ QString nameOfSeparator(char separator)
 
 char separatorOf(const QString& name, char fallback)
 {
-    if (name == QLatin1String("Tabulator"))
+    if (name == QLatin1String("Tabulator") || name == QLatin1String("\t")) // typed with one backslash
         return '\t';
     for (const SeparatorName& known : separatorNames)
         if (name == QLatin1String(known.name))
@@ -140,6 +142,14 @@ QString ActivitySettings::text(const QString& key, const QString& fallback) cons
                                                  : stored.toString();
 }
 
+/// Within what the dialog can show, or it would compute with something else.
+double ActivitySettings::number(const QString& key, double fallback, double most) const
+{
+    bool isNumber = false;
+    const double stored = value(key, fallback).toDouble(&isNumber);
+    return isNumber && std::isfinite(stored) ? qBound(-most, stored, most) : fallback;
+}
+
 QTimeZone ActivitySettings::zone(const QString& key) const
 {
     const QTimeZone stored(value(key, QByteArray()).toByteArray());
@@ -154,8 +164,8 @@ void ActivitySettings::setValue(const QString& key, const QVariant& value)
 MonitoringPlan ActivitySettings::monitoring() const
 {
     MonitoringPlan plan;
-    plan.position = {value(QStringLiteral("Geocoordinates/latitude"), 51.0).toDouble(),
-                     value(QStringLiteral("Geocoordinates/longitude"), 9.0).toDouble()};
+    plan.position = {number(QStringLiteral("Geocoordinates/latitude"), 51.0, 90.0),
+                     number(QStringLiteral("Geocoordinates/longitude"), 9.0, 180.0)};
     plan.zone = zone(QStringLiteral("Time/TimeZone"));
     plan.daylightSaving = value(QStringLiteral("Time/daylightSaving"), true).toBool();
     plan.begin = dateOf(text(QStringLiteral("Time/BeginDate"), QString()), QDate(2015, 1, 1));
@@ -164,8 +174,8 @@ MonitoringPlan ActivitySettings::monitoring() const
     plan.relative = value(QStringLiteral("Time/PeriodType"), 0).toInt() == 1;
     plan.dailyStart = timeOf(text(QStringLiteral("Time/StartRecording"), QString()));
     plan.dailyStop = timeOf(text(QStringLiteral("Time/StopRecording"), QString()));
-    plan.startMinutes = value(QStringLiteral("Time/StartMin"), 0).toInt();
-    plan.stopMinutes = value(QStringLiteral("Time/StopMin"), 0).toInt();
+    plan.startMinutes = qRound(number(QStringLiteral("Time/StartMin"), 0.0, 1440.0));
+    plan.stopMinutes = qRound(number(QStringLiteral("Time/StopMin"), 0.0, 1440.0));
     plan.twilight = twilightNames().at(twilight());
     plan.invalidTimes = text(QStringLiteral("Time/invalidTimes"), QString());
     return plan;

@@ -63,6 +63,7 @@ public:
 private:
     QVariant value(const QString& key, const QVariant& fallback) const;
     QString text(const QString& key, const QString& fallback) const;
+    double number(const QString& key, double fallback, double most) const;
     QTimeZone zone(const QString& key) const;
     void setValue(const QString& key, const QVariant& value);
 

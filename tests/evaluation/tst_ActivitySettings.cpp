@@ -125,6 +125,10 @@ private slots:
             file.setValue(QStringLiteral("Time/BeginDate"), QStringLiteral("31.02.15"));
             file.setValue(QStringLiteral("Time/EndDate"), QStringLiteral("29.02.00"));
             file.setValue(QStringLiteral("Time/TimeZone"), QStringLiteral("Nowhere/Else"));
+            file.setValue(QStringLiteral("Time/StartMin"), QStringLiteral("-9999999999"));
+            file.setValue(QStringLiteral("Geocoordinates/latitude"), QStringList{"51", "5"}); // typed 51,5
+            file.setValue(QStringLiteral("Geocoordinates/longitude"), QStringLiteral("1000"));
+            file.setValue(QStringLiteral("WindDataSettings/separator2"), QStringLiteral("\t"));
             file.setValue(QStringLiteral("WindDataSettings/dateFormat"), QStringLiteral("d"));
             file.setValue(QStringLiteral("WindDataSettings/separator1"), QStringLiteral("Tabulator"));
             file.setValue(QStringLiteral("Files/classColors"), QStringList{QStringLiteral("pink")});
@@ -136,6 +140,10 @@ private slots:
         QCOMPARE(plan.begin, QDate(2015, 1, 1));
         QCOMPARE(plan.end, QDate(2000, 2, 29));
         QVERIFY(plan.zone.isValid());
+        QCOMPARE(plan.startMinutes, -1440);
+        QCOMPARE(plan.position.latitude, 51.0);
+        QCOMPARE(plan.position.longitude, 180.0);
+        QCOMPARE(settings.windFormat().separator2, '\t');
         QCOMPARE(settings.windFormat().dateFormat, WindFormat::dateFormats().first());
         QCOMPARE(settings.windFormat().separator1, '\t');
     }

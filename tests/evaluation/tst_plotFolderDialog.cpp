@@ -15,9 +15,13 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QtTest>
+#include <qwt_legend.h>
 #include <qwt_legend_label.h>
+#include <qwt_plot_curve.h>
 #include <qwt_plot_item.h>
 #include <qwt_scale_draw.h>
+
+#include <set>
 
 namespace {
 
@@ -192,6 +196,26 @@ private slots:
                  label->text().text());
     }
 
+    /// Each has a line of its own, and a place in the legend of an exported plot.
+    void manyClasses()
+    {
+        QStringList names;
+        for (int i = 0; i < 40; ++i)
+            names << QStringLiteral("Class %1").arg(i);
+        ActivityPlot plot(ActivityKind::Days);
+        plot.initialise(names);
+        std::set<std::pair<QString, int>> lines;
+        for (const QwtPlotItem* item : plot.itemList(QwtPlotItem::Rtti_PlotCurve)) {
+            const QPen pen = static_cast<const QwtPlotCurve*>(item)->pen();
+            lines.insert({pen.color().name(), pen.style()});
+        }
+        QCOMPARE(lines.size(), std::size_t(40));
+        const QString path = m_folder.filePath(QStringLiteral("many.png"));
+        QVERIFY(plot.exportTo(path));
+        const int legend = plot.plotLegend().contentsWidget()->sizeHint().height();
+        QVERIFY(QImage(path).height() > legend * 85 / plot.logicalDpiY()); // both in dots per inch
+    }
+
     void axisAndZoom_data()
     {
         QTest::addColumn<int>("width");
@@ -286,7 +310,11 @@ private slots:
 
     void keepsSettings()
     {
-        m_dialog->findChild<QSpinBox*>(QStringLiteral("spinBoxStart"))->setValue(-20);
+        auto* minutes = m_dialog->findChild<QSpinBox*>(QStringLiteral("spinBoxStart"));
+        QTest::keyClick(m_dialog->findChild<QComboBox*>(QStringLiteral("comboBoxPeriodType")), Qt::Key_Down);
+        minutes->selectAll();
+        QTest::keyClicks(minutes, QStringLiteral("-20\r"));
+        QVERIFY(m_dialog->isVisible()); // Return is for the number alone
         m_dialog->findChild<QDateEdit*>(QStringLiteral("dateEditStart"))->setDate(QDate(2026, 5, 2));
         QCOMPARE(m_dialog->findChild<QDateEdit*>(QStringLiteral("dateEditStartWind"))->date(),
                  QDate(2026, 5, 2));
@@ -296,6 +324,35 @@ private slots:
         open(rowsOf(m_season));
         show(1);
         QCOMPARE(tab(1).plot().table().bins.front().label, QStringLiteral("02/05/26"));
+    }
+
+    /// The days of a season over New Year, with and without recordings in the year it begins in.
+    void showsYearsWithRecordings_data()
+    {
+        QTest::addColumn<int>("begin");
+        QTest::addColumn<int>("shown");
+        QTest::newRow("begins in the recordings' year") << 2026 << 2026;
+        QTest::newRow("ends in it") << 2025 << 2025;
+        QTest::newRow("long ago") << 2015 << 2026;
+    }
+    void showsYearsWithRecordings()
+    {
+        QFETCH(int, begin);
+        QFETCH(int, shown);
+        MonitoringPlan plan = m_settings->monitoring();
+        plan.begin = QDate(begin, 11, 1);
+        plan.end = QDate(begin + 1, 8, 31);
+        m_settings->setMonitoring(plan);
+        open(rowsOf(m_season));
+        const auto days = [this] {
+            return std::make_pair(m_dialog->findChild<QDateEdit*>(QStringLiteral("dateEditStart"))->date(),
+                                  m_dialog->findChild<QDateEdit*>(QStringLiteral("dateEditStop"))->date());
+        };
+        QCOMPARE(days(), std::make_pair(QDate(shown, 11, 1), QDate(shown + 1, 8, 31)));
+        auto* years = m_dialog->findChild<QComboBox*>(QStringLiteral("comboBoxYear"));
+        years->setCurrentIndex(0);
+        emit years->activated(0);
+        QCOMPARE(days(), std::make_pair(QDate(2026, 11, 1), QDate(2027, 8, 31)));
     }
 
     void survivesOddSettings_data()
