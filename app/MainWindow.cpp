@@ -140,6 +140,11 @@ void MainWindow::setUpFrame()
     for (QLabel* label :
          {m_ui->labelDuration, m_ui->label_fileInfo, m_ui->label_18, m_ui->label_9, m_ui->label_21})
         label->hide(); // until there is something to say
+    for (QLabel* label : {m_ui->labelDuration, m_ui->label_fileInfo}) {
+        QSizePolicy policy = label->sizePolicy();
+        policy.setRetainSizeWhenHidden(true); // or the buttons between them would spread over the row
+        label->setSizePolicy(policy);
+    }
 }
 
 void MainWindow::setUpPlots()

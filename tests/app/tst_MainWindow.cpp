@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QProgressBar>
+#include <QToolButton>
 #include <QtTest>
 
 #include <cmath>
@@ -124,6 +125,8 @@ void tst_MainWindow::startsEmptyAndIdle()
     QVERIFY(!find<QAction>("actionCategorization")->isVisible());
     QVERIFY(!find<QProgressBar>("progressBar")->isVisible());
     QVERIFY(find<QAction>("actionAmplitude_Plot")->isChecked());
+    const QRect zoom = find<QToolButton>("toolButton")->geometry();
+    QVERIFY(find<QToolButton>("toolButton_2")->x() - zoom.right() < zoom.width());
     for (const QLabel* label : m_window->findChildren<QLabel*>())
         QVERIFY2(!label->isVisible() || label->text() != QLatin1String("TextLabel"),
                  qPrintable(label->objectName()));
