@@ -323,6 +323,12 @@ void tst_MainWindow::geometryIsKeptOnceSomethingWasShown()
     m_window.reset();
     QCOMPARE(SettingsStore().geometry({}).size(), QSize(910, 650));
     QVERIFY(!SettingsStore().value(SettingKeys::maximized));
+
+    SettingsStore().setGeometry(place.translated(-90000, 0)); // on a screen that is no longer there
+    m_window = std::make_unique<MainWindow>();
+    m_window->show();
+    QVERIFY(show(m_folder.filePath(QStringLiteral("place.wav"))));
+    QVERIFY(m_window->x() > -1000);
 }
 
 void tst_MainWindow::closesWhileComputing()
