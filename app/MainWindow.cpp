@@ -437,6 +437,7 @@ void MainWindow::connectResult()
     connect(m_presenter, &ViewerPresenter::resultShown, this,
             [this] { m_fileActions->setRecordingShown(true); });
     connect(m_presenter, &ViewerPresenter::resultShown, m_selection, &SelectionTool::recordingShown);
+    connect(m_presenter, &ViewerPresenter::resultShown, m_markers, &FrequencyMarkers::limitToAxis);
     connect(m_presenter, &ViewerPresenter::resultShown, m_axisPlots,
             [this] { m_axisPlots->setResult(m_presenter->matrix(), m_presenter->columns()); });
     connect(m_presenter, &ViewerPresenter::callsDetected, m_detection, &DetectionOverlay::showResult);

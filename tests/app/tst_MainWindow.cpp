@@ -14,7 +14,9 @@
 #include <QProgressBar>
 #include <QToolButton>
 #include <QtTest>
+#include <qwt_plot_marker.h>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 
@@ -139,6 +141,7 @@ void tst_MainWindow::showsAWav()
     time.date = "18:10:00";
     const QString path = write(QStringLiteral("tone.WAV"),
                                WavBytes().fmt(250000).data(tone(50000, 40, 250000)).time(time).bytes());
+    SettingsStore().setValue(SettingKeys::valueMarker1, 200.0); // above the recording's frequencies
     QVERIFY(show(path));
     QCOMPARE(m_window->windowTitle(), path + QStringLiteral(" - Sonavia"));
     QCOMPARE(find<QLabel>("label_fileInfo")->text(),
@@ -147,6 +150,10 @@ void tst_MainWindow::showsAWav()
     QVERIFY(find<QAction>("actionExport_Spectrogram")->isEnabled());
     QVERIFY(!find<QProgressBar>("progressBar")->isVisible());
     QCOMPARE(spectrogram()->frequencyLimits().upper, 125.0);
+    const QwtPlotItemList markers = spectrogram()->itemList(QwtPlotItem::Rtti_PlotMarker);
+    QVERIFY(std::any_of(markers.cbegin(), markers.cend(), [](const QwtPlotItem* item) {
+        return static_cast<const QwtPlotMarker*>(item)->yValue() == 125.0;
+    }));
     QCOMPARE(spectrogram()->timeLimits().upper, double(50000.0f / 250000.0f));
 
     // The levels that were found have become the limits of the amplitude scale.
