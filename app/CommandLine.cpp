@@ -52,19 +52,20 @@ CommandLine parseCommandLine(const QStringList& arguments)
     CommandLine line;
     line.automaticClassification = parser.isSet(automatic);
     line.screenshot = parser.value(screenshot);
-    QStringList files = parser.positionalArguments();
+    const QStringList files = parser.positionalArguments();
+    if (parser.isSet(benchmark) && files.isEmpty())
+        return sayAndQuit(QStringLiteral("--benchmark needs at least one recording\n"), 2);
+    if (!parser.isSet(benchmark) && files.size() > 1)
+        return sayAndQuit(QStringLiteral("Open one file or one folder at a time.\n"), 2);
+    for (const QString& file : files)
+        if (!QFileInfo::exists(file))
+            return sayAndQuit(QStringLiteral("There is no file or folder '%1'.\n").arg(file), 1);
     if (parser.isSet(benchmark)) {
-        if (files.isEmpty())
-            return sayAndQuit(QStringLiteral("--benchmark needs at least one recording\n"), 2);
         line.benchmark = files;
         return line;
     }
-    if (files.size() > 1)
-        return sayAndQuit(QStringLiteral("Open one file or one folder at a time.\n"), 2);
     if (files.isEmpty())
         return line;
-    if (!QFileInfo::exists(files.first()))
-        return sayAndQuit(QStringLiteral("There is no file or folder '%1'.\n").arg(files.first()), 1);
     line.path = QFileInfo(files.first()).absoluteFilePath();
     return line;
 }

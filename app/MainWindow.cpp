@@ -142,6 +142,11 @@ void MainWindow::setUpFrame()
     for (QLabel* label :
          {m_ui->labelDuration, m_ui->label_fileInfo, m_ui->label_18, m_ui->label_9, m_ui->label_21})
         label->hide(); // until there is something to say
+    for (QLabel* label : {m_ui->labelDuration, m_ui->label_fileInfo}) {
+        QSizePolicy policy = label->sizePolicy();
+        policy.setRetainSizeWhenHidden(true); // or the buttons between them would spread over the row
+        label->setSizePolicy(policy);
+    }
 }
 
 void MainWindow::setUpPlots()
@@ -444,6 +449,7 @@ void MainWindow::connectResult()
     connect(m_presenter, &ViewerPresenter::resultShown, this,
             [this] { m_fileActions->setRecordingShown(true); });
     connect(m_presenter, &ViewerPresenter::resultShown, m_selection, &SelectionTool::recordingShown);
+    connect(m_presenter, &ViewerPresenter::resultShown, m_markers, &FrequencyMarkers::limitToAxis);
     connect(m_presenter, &ViewerPresenter::resultShown, m_axisPlots,
             [this] { m_axisPlots->setResult(m_presenter->matrix(), m_presenter->columns()); });
     connect(m_presenter, &ViewerPresenter::callsDetected, m_detection, &DetectionOverlay::showResult);

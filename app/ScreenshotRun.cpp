@@ -17,9 +17,11 @@ constexpr int patienceMilliseconds = 60000;
 
 } // namespace
 
-ScreenshotRun::ScreenshotRun(MainWindow& window, const QString& picture)
+ScreenshotRun::ScreenshotRun(MainWindow& window, const QString& picture, bool opensSomething)
     : QObject(&window), m_window(window), m_picture(picture)
 {
+    if (!opensSomething)
+        QTimer::singleShot(settlingMilliseconds, this, [this] { save(0); });
     connect(&window, &MainWindow::spectrogramPainted, this, [this] {
         m_window.setGeometry(QRect(QPoint(10, 30), pictureSize));
         QTimer::singleShot(settlingMilliseconds, this, [this] { save(0); });

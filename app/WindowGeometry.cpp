@@ -6,6 +6,8 @@
 #include <QMainWindow>
 #include <QScreen>
 
+#include <algorithm>
+
 namespace {
 
 constexpr QSize defaultSize(750, 500);
@@ -18,6 +20,15 @@ QRect defaultGeometry()
     return place;
 }
 
+/// A window whose screen has gone would come up where nobody can see it.
+bool isOnAScreen(const QRect& place)
+{
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    return std::any_of(screens.cbegin(), screens.cend(), [&place](const QScreen* screen) {
+        return screen->availableGeometry().intersects(place);
+    });
+}
+
 } // namespace
 
 void WindowGeometry::restoreOnce()
@@ -26,7 +37,8 @@ void WindowGeometry::restoreOnce()
         return;
     m_firstStart = false;
     m_window.centralWidget()->setMinimumSize(defaultSize);
-    m_window.setGeometry(m_settings.geometry(defaultGeometry()));
+    const QRect place = m_settings.geometry(defaultGeometry());
+    m_window.setGeometry(isOnAScreen(place) ? place : defaultGeometry());
     if (m_settings.value(SettingKeys::maximized))
         m_window.showMaximized();
 }

@@ -12,7 +12,8 @@ public:
     /// Owns nothing.
     WindowGeometry(QMainWindow& window, SettingsStore& settings) : m_window(window), m_settings(settings) {}
 
-    /// Applies the stored place the first time it is called.
+    /// Applies the stored place the first time it is called; the middle of the screen where none is stored or
+    /// no screen shows it.
     void restoreOnce();
     /// Stores the place, unless nothing was ever restored.
     void save();

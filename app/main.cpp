@@ -51,8 +51,8 @@ int main(int argc, char* argv[])
 
     if (line.automaticClassification)
         window->showAutomaticClassification();
-    if (!line.screenshot.isEmpty())
-        new ScreenshotRun(*window, line.screenshot); // owned by the window, like the benchmark
+    if (!line.screenshot.isEmpty()) // owned by the window, like the benchmark
+        new ScreenshotRun(*window, line.screenshot, !line.path.isEmpty());
     if (!line.benchmark.isEmpty())
         new BenchmarkRun(*window, line.benchmark);
     if (!line.path.isEmpty())

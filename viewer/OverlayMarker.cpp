@@ -2,6 +2,7 @@
 
 #include "viewer/PlotOverlay.h"
 
+#include <QPainter>
 #include <QtMath>
 #include <qwt_plot.h>
 #include <qwt_scale_map.h>
@@ -39,6 +40,15 @@ void OverlayMarker::drawOver(QPainter* painter, const QwtScaleMap& xMap, const Q
                              const QRectF& canvasRect) const
 {
     QwtPlotMarker::draw(painter, xMap, yMap, canvasRect);
+}
+
+/// The label of a horizontal line at the upper edge of the canvas moves down into it.
+void OverlayMarker::drawLabel(QPainter* painter, const QRectF& canvasRect, const QPointF& pos) const
+{
+    const double height = label().textSize(painter->font()).height() + spacing() + linePen().widthF();
+    const bool isLineInView = lineStyle() == HLine && pos.y() >= canvasRect.top() - 1;
+    const double lowered = qMax(pos.y(), canvasRect.top() + height);
+    QwtPlotMarker::drawLabel(painter, canvasRect, {pos.x(), isLineInView ? lowered : pos.y()});
 }
 
 QRegion OverlayMarker::pixels(const QwtScaleMap& xMap, const QwtScaleMap& yMap,

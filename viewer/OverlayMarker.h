@@ -18,6 +18,9 @@ public:
     void drawOver(QPainter* painter, const QwtScaleMap& xMap, const QwtScaleMap& yMap,
                   const QRectF& canvasRect) const override;
     QRegion pixels(const QwtScaleMap& xMap, const QwtScaleMap& yMap, const QRectF& canvasRect) const override;
+
+protected:
+    void drawLabel(QPainter* painter, const QRectF& canvasRect, const QPointF& pos) const override;
 };
 
 #endif

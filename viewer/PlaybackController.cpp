@@ -199,7 +199,11 @@ QMediaPlayer& PlaybackController::player()
 void PlaybackController::connectPlayer()
 {
     connect(m_player, &QMediaPlayer::stateChanged, this, &PlaybackController::playerStateChanged);
-    connect(m_player, &QMediaPlayer::positionChanged, this, &PlaybackController::playerPositionChanged);
+    connect(m_player, &QMediaPlayer::positionChanged, this, [this](qint64 position) {
+        // A stopped player is back at its start, but may report once more where it was.
+        const bool isStopped = m_player->state() == QMediaPlayer::StoppedState;
+        emit playerPositionChanged(isStopped ? m_player->position() : position);
+    });
     connect(m_player, &QMediaPlayer::mediaStatusChanged, this, &PlaybackController::mediaStatusChanged);
     connect(m_player, &QMediaPlayer::volumeChanged, &m_controls, &PlayerControls::setVolume);
     connect(m_player, &QMediaPlayer::mutedChanged, &m_controls, &PlayerControls::setMuted);

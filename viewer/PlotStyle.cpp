@@ -28,6 +28,7 @@ void setAxisTitle(QwtPlot& plot, int axis, const QString& title)
 {
     QwtText text(title);
     text.setFont(plot.font());
+    text.setRenderFlags(Qt::AlignHCenter | Qt::TextWordWrap); // in a low window two lines, or it would be cut
     plot.setAxisTitle(axis, text);
 }
 

@@ -28,6 +28,9 @@ void tst_CommandLine::reads_data()
         << QStringList{here, QStringLiteral("--version")} << QString() << QStringLiteral("Sonavia 2.") << 0;
     QTest::newRow("missing file") << QStringList{QStringLiteral("no-such.wav")} << QString()
                                   << QStringLiteral("no-such.wav") << 1;
+    QTest::newRow("benchmark of a missing file")
+        << QStringList{QStringLiteral("--benchmark"), here, QStringLiteral("no-such.wav")} << QString()
+        << QStringLiteral("no-such.wav") << 1;
     QTest::newRow("two files") << QStringList{here, here} << QString() << QStringLiteral("one file") << 2;
     QTest::newRow("unknown option") << QStringList{QStringLiteral("--loud")} << QString()
                                     << QStringLiteral("loud") << 2;

@@ -13,8 +13,11 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QProgressBar>
+#include <QToolButton>
 #include <QtTest>
+#include <qwt_plot_marker.h>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 
@@ -125,6 +128,8 @@ void tst_MainWindow::startsEmptyAndIdle()
     QVERIFY(!find<QAction>("actionCategorization")->isVisible());
     QVERIFY(!find<QProgressBar>("progressBar")->isVisible());
     QVERIFY(find<QAction>("actionAmplitude_Plot")->isChecked());
+    const QRect zoom = find<QToolButton>("toolButton")->geometry();
+    QVERIFY(find<QToolButton>("toolButton_2")->x() - zoom.right() < zoom.width());
     for (const QLabel* label : m_window->findChildren<QLabel*>())
         QVERIFY2(!label->isVisible() || label->text() != QLatin1String("TextLabel"),
                  qPrintable(label->objectName()));
@@ -137,6 +142,7 @@ void tst_MainWindow::showsAWav()
     time.date = "18:10:00";
     const QString path = write(QStringLiteral("tone.WAV"),
                                WavBytes().fmt(250000).data(tone(50000, 40, 250000)).time(time).bytes());
+    SettingsStore().setValue(SettingKeys::valueMarker1, 200.0); // above the recording's frequencies
     QVERIFY(show(path));
     QCOMPARE(m_window->windowTitle(), path + QStringLiteral(" - Sonavia"));
     QCOMPARE(find<QLabel>("label_fileInfo")->text(),
@@ -145,6 +151,10 @@ void tst_MainWindow::showsAWav()
     QVERIFY(find<QAction>("actionExport_Spectrogram")->isEnabled());
     QVERIFY(!find<QProgressBar>("progressBar")->isVisible());
     QCOMPARE(spectrogram()->frequencyLimits().upper, 125.0);
+    const QwtPlotItemList markers = spectrogram()->itemList(QwtPlotItem::Rtti_PlotMarker);
+    QVERIFY(std::any_of(markers.cbegin(), markers.cend(), [](const QwtPlotItem* item) {
+        return static_cast<const QwtPlotMarker*>(item)->yValue() == 125.0;
+    }));
     QCOMPARE(spectrogram()->timeLimits().upper, double(50000.0f / 250000.0f));
 
     // The levels that were found have become the limits of the amplitude scale.
@@ -321,6 +331,12 @@ void tst_MainWindow::geometryIsKeptOnceSomethingWasShown()
     m_window.reset();
     QCOMPARE(SettingsStore().geometry({}).size(), QSize(910, 650));
     QVERIFY(!SettingsStore().value(SettingKeys::maximized));
+
+    SettingsStore().setGeometry(place.translated(-90000, 0)); // on a screen that is no longer there
+    m_window = std::make_unique<MainWindow>();
+    m_window->show();
+    QVERIFY(show(m_folder.filePath(QStringLiteral("place.wav"))));
+    QVERIFY(m_window->x() > -1000);
 }
 
 void tst_MainWindow::closesWhileComputing()

@@ -278,6 +278,8 @@ private slots:
         player.button("stopButton")->click();
         QCOMPARE(player.controls.state(), QMediaPlayer::StoppedState);
         QCOMPARE(player.visible.last(), QVariantList{false});
+        emit player.media()->positionChanged(250); // a late word about where it was
+        QVERIFY(player.label.last().first().toString().startsWith(QStringLiteral("00:00.000")));
     }
 
     void stopsForTheNextRecording()
