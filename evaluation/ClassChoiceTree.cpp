@@ -61,6 +61,7 @@ QVector<QCheckBox*> ClassChoiceTree::fill(const QString& classText)
         auto* box = new QCheckBox;
         box->setChecked(true);
         box->setToolTip(line.name);
+        box->setFocusPolicy(Qt::NoFocus); // the space key does it, and the Tab key leads on from the tree
         row->setData(Export, checkedRole, true);
         m_tree.setItemWidget(row, Export, box);
         boxes.append(box);

@@ -19,7 +19,7 @@ class CopyFilesDialog : public QDialog
     Q_OBJECT
 
 public:
-    /// `classText` as ClassChoice::text() makes it.
+    /// `classText` as ClassChoice::Tally makes it.
     CopyFilesDialog(QWidget* parent, const QString& classText);
     ~CopyFilesDialog() override;
 

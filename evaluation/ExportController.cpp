@@ -39,13 +39,13 @@ void ExportController::exportCSVFileFromAction(const QList<QTreeWidgetItem*>& se
 void ExportController::exportVantorFile()
 {
     if (m_rows.list())
-        exportVantor(m_rows.all());
+        exportVantor(ListedRows::Choice());
 }
 
 void ExportController::exportVantorFileFromAction(const QList<QTreeWidgetItem*>& selectedItems)
 {
     if (m_rows.list())
-        exportVantor(m_rows.of(selectedItems));
+        exportVantor(ListedRows::Choice(selectedItems));
 }
 
 void ExportController::exportCsv(const ListedRows::Choice& rows)
@@ -63,7 +63,7 @@ void ExportController::exportCsv(const ListedRows::Choice& rows)
     write(path, choice.text(m_rows.read(rows)), SettingKeys::exportCSVPath);
 }
 
-void ExportController::exportVantor(const QVector<RecordingRow>& rows)
+void ExportController::exportVantor(const ListedRows::Choice& rows)
 {
     const QString path = askForPath(QStringLiteral("Vantor Export File"), SettingKeys::exportVantorPath);
     if (path.isEmpty())
@@ -72,15 +72,14 @@ void ExportController::exportVantor(const QVector<RecordingRow>& rows)
     TimeZoneChoice time;
     if (!(hasProposals() ? chooseSpecies(names, time) : chooseClasses(rows, names, time)))
         return;
-    const VantorExport file(rows, names);
+    const VantorExport file(m_rows.read(rows), names);
     if (const std::optional<int> year = chooseYear(file.years()))
         write(path, file.text(time, *year), SettingKeys::exportVantorPath);
 }
 
-bool ExportController::chooseClasses(const QVector<RecordingRow>& rows, QStringList& names,
-                                     TimeZoneChoice& time)
+bool ExportController::chooseClasses(const ListedRows::Choice& rows, QStringList& names, TimeZoneChoice& time)
 {
-    const QString classText = ClassChoice::text(rows);
+    const QString classText = m_rows.classText(rows);
     const QVector<ClassChoice::Line> lines = ClassChoice::lines(classText);
     if (lines.size() == 1 && lines.first().name == ClassTree::unassigned()) {
         m_prompts.warn(QStringLiteral("Warning"),

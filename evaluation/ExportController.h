@@ -36,8 +36,8 @@ public:
 
 private:
     void exportCsv(const ListedRows::Choice& rows);
-    void exportVantor(const QVector<RecordingRow>& rows);
-    bool chooseClasses(const QVector<RecordingRow>& rows, QStringList& names, TimeZoneChoice& time);
+    void exportVantor(const ListedRows::Choice& rows);
+    bool chooseClasses(const ListedRows::Choice& rows, QStringList& names, TimeZoneChoice& time);
     bool chooseSpecies(QStringList& names, TimeZoneChoice& time);
     /// 0 when no time has to be moved, nothing when the user called it off.
     std::optional<int> chooseYear(const QVector<int>& years);

@@ -21,7 +21,7 @@ class ExportVantorDialog : public QDialog
     Q_OBJECT
 
 public:
-    /// `classText` as ClassChoice::text() makes it.
+    /// `classText` as ClassChoice::Tally makes it.
     ExportVantorDialog(QWidget* parent, const QString& classText);
     ~ExportVantorDialog() override;
 

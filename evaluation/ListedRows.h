@@ -45,9 +45,8 @@ public:
     /// None without a list.
     QVector<RecordingRow> read(const Choice& choice) const;
     QVector<RecordingRow> all() const { return read(Choice()); }
-    QVector<RecordingRow> of(const QList<QTreeWidgetItem*>& items) const { return read(Choice(items)); }
 
-    /// ClassChoice::text() of read(choice), in half the time that reading takes: a dialog is waiting for it.
+    /// ClassChoice::Tally over read(choice), in half the time that reading takes: a dialog is waiting for it.
     QString classText(const Choice& choice,
                       ClassChoice::Unassigned unassigned = ClassChoice::Unassigned::AsOne) const;
 

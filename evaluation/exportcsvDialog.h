@@ -21,7 +21,7 @@ class exportcsvDialog : public QDialog
     Q_OBJECT
 
 public:
-    /// `classText` as ClassChoice::text() makes it.
+    /// `classText` as ClassChoice::Tally makes it.
     exportcsvDialog(QWidget* parent, const QString& classText);
     ~exportcsvDialog() override;
 

@@ -1,16 +1,16 @@
 #ifndef SONAVIA_VIEWER_COMMENTDELEGATE_H
 #define SONAVIA_VIEWER_COMMENTDELEGATE_H
 
-#include <QStyledItemDelegate>
+#include "viewer/ElidedTextDelegate.h"
 
 /// The editor of the comment column: takes what a class record can hold and says so where it refuses. Made
 /// for the columns of a file list (RowItem).
-class CommentDelegate : public QStyledItemDelegate
+class CommentDelegate : public ElidedTextDelegate
 {
     Q_OBJECT
 
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using ElidedTextDelegate::ElidedTextDelegate;
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;

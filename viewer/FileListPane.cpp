@@ -4,6 +4,7 @@
 #include "recordings/rows/RowItem.h"
 #include "viewer/AcceptDelegate.h"
 #include "viewer/CommentDelegate.h"
+#include "viewer/ElidedTextDelegate.h"
 #include "viewer/core/CountLabel.h"
 #include "viewer/fileViewTreeWidgetItem.h"
 
@@ -52,6 +53,7 @@ void FileListPane::setUpList()
     m_list.setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list.setSelectionBehavior(QAbstractItemView::SelectRows);
     m_list.setEditTriggers(QAbstractItemView::NoEditTriggers); // editComment() alone opens an editor
+    m_list.setItemDelegate(new ElidedTextDelegate(this));
     m_list.setItemDelegateForColumn(RowItem::Accepted, m_acceptDelegate);
     m_list.setItemDelegateForColumn(RowItem::Comment, m_commentDelegate);
 

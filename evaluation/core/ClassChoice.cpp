@@ -59,14 +59,6 @@ QString Tally::text() const
     return text;
 }
 
-QString text(const QVector<RecordingRow>& rows, Unassigned unassigned)
-{
-    Tally tally(unassigned);
-    for (const RecordingRow& row : rows)
-        tally.add(row.record);
-    return tally.text();
-}
-
 QVector<Line> lines(const QString& text)
 {
     QVector<Line> lines;

@@ -51,9 +51,6 @@ private:
     QVector<Line> m_found;
 };
 
-/// The text of all `rows`.
-QString text(const QVector<RecordingRow>& rows, Unassigned unassigned = Unassigned::AsOne);
-
 /// The lines of such a text. A TAB before the name marks a subclass; without a class before it, it is one
 /// itself.
 QVector<Line> lines(const QString& text);

@@ -8,11 +8,14 @@
 
 namespace {
 
-/// Where the file stands that `path` names, which may be a link to it.
+/// Where the file stands, or is to stand, that `path` names, which may be a link to it.
 QString realPath(const QString& path)
 {
-    const QString real = QFileInfo(path).canonicalFilePath();
-    return real.isEmpty() ? path : real;
+    const QFileInfo info(path);
+    const QString real = info.canonicalFilePath();
+    if (!real.isEmpty())
+        return real;
+    return info.isSymLink() ? info.symLinkTarget() : path;
 }
 
 bool replace(NewFile& file, const QFileInfo& old, const QByteArray& bytes)

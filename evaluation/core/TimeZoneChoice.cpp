@@ -69,12 +69,22 @@ int rank(const QByteArray& id, const QTimeZone& zone, const QString& name)
     return 8 * int(steady) + 4 * int(changesClocks) + 2 * int(sameContinent) + int(bestKnown);
 }
 
+QList<QByteArray> knownIds()
+{
+    QList<QByteArray> ids = QTimeZone::availableTimeZoneIds();
+    // The computer's own may be one that is known without being listed, like "Etc/UTC".
+    const QByteArray own = QTimeZone::systemTimeZoneId();
+    if (!ids.contains(own))
+        ids.append(own);
+    return ids;
+}
+
 QVector<TimeZoneChoice::Entry> makeEntries()
 {
     QVector<TimeZoneChoice::Entry> entries;
     QVector<int> ranks;
     QHash<QString, int> indexOfName;
-    const QList<QByteArray> ids = QTimeZone::availableTimeZoneIds();
+    const QList<QByteArray> ids = knownIds();
     for (const QByteArray& id : ids) {
         const QTimeZone zone(id);
         const QString name = longName(zone);

@@ -1,7 +1,9 @@
 #include "tests/viewer/BareFileList.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QLineEdit>
+#include <QToolTip>
 #include <QtTest>
 
 Q_DECLARE_METATYPE(QTreeWidgetItem*)
@@ -21,6 +23,7 @@ private slots:
     void sorts();
     void sortsByWhatIsThereNow();
     void counts();
+    void tellsWhatIsCutOff();
     void editsComments();
     void acceptBox_data();
     void acceptBox();
@@ -142,6 +145,20 @@ void tst_FileListPane::sortsByWhatIsThereNow()
     files.list.sortByColumn(1, Qt::AscendingOrder);
     files.pane.row(0)->setText(1, "03/05/24");
     QCOMPARE(files.texts(0), names("b.wav a.wav"));
+}
+
+void tst_FileListPane::tellsWhatIsCutOff()
+{
+    BareFileList files(Purpose::Folder, m_session);
+    files.pane.beginLoading({"a <b>c.wav"});
+    files.list.show();
+    for (const int width : {300, 20}) {
+        files.list.setColumnWidth(0, width);
+        const QPoint cell = files.list.visualItemRect(files.pane.row(0)).topLeft() + QPoint(9, 5);
+        QHelpEvent event(QEvent::ToolTip, cell, files.list.viewport()->mapToGlobal(cell));
+        QApplication::sendEvent(files.list.viewport(), &event);
+        QCOMPARE(QToolTip::text(), QString(width == 300 ? "" : "<span>a &lt;b&gt;c.wav</span>"));
+    }
 }
 
 void tst_FileListPane::counts()
