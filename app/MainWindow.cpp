@@ -343,7 +343,7 @@ void MainWindow::connectLists()
     });
     connect(m_opener, &FileOpener::listInvalidated, m_headers, &HeaderChain::openSingleFile);
     connect(m_headers, &HeaderChain::signalGetFileHeaderInfo, this, &MainWindow::signalGetFileHeaderInfo);
-    connect(m_headers, &HeaderChain::recordingWanted, this, &MainWindow::plot_Data);
+    connect(m_headers, &HeaderChain::recordingWanted, m_loader, &RecordingLoader::loadWhenIdle);
     connect(m_headers, &HeaderChain::viewModeChanged, m_panes, &PlotPanes::showListsOf);
     connect(m_headers, &HeaderChain::listCompleteChanged, this,
             [this](bool complete) { m_fileActions->setListComplete(complete); });
@@ -402,7 +402,7 @@ void MainWindow::connectEvaluation()
 
 void MainWindow::connectLoading()
 {
-    connect(m_opener, &FileOpener::recordingWanted, this, &MainWindow::plot_Data);
+    connect(m_opener, &FileOpener::recordingWanted, m_loader, &RecordingLoader::loadWhenIdle);
 
     connect(m_loader, &RecordingLoader::signalCalcSpektrogramm, this, &MainWindow::signalCalcSpektrogramm);
     connect(m_loader, &RecordingLoader::clearing, m_playback, &PlaybackController::clearRecording);
