@@ -411,7 +411,6 @@ void MainWindow::connectLoading()
     connect(m_loader, &RecordingLoader::clearing, m_presenter, &ViewerPresenter::clear);
     connect(m_loader, &RecordingLoader::clearing, this, [this] { m_fileActions->setRecordingShown(false); });
     connect(m_loader, &RecordingLoader::unreadable, m_presenter, &ViewerPresenter::showEmpty);
-    connect(m_loader, &RecordingLoader::unreadable, this, [this] { m_fileActions->setOpeningEnabled(true); });
     connect(m_loader, &RecordingLoader::unreadable, this, &MainWindow::recordingUnreadable);
     connect(m_loader, &RecordingLoader::loaded, m_settingsDialog, &SpectrogramSettingsDialog::setSampleRate);
     connect(m_loader, &RecordingLoader::loaded, this, [this](int sampleRate) {
