@@ -28,8 +28,8 @@ public:
     /// if `path` is that very recording, it is loaded again when the computation has ended.
     void load(const QString& path);
 
-    /// The same for a wish that must not be lost: the first recording of a folder that had to wait for another
-    /// list to stop loading. While a spectrogram is computed the last such wish waits for its end.
+    /// The same for a wish that must not be lost: the first recording of a folder that had to wait for
+    /// another list to stop loading. While a spectrogram is computed the last such wish waits for its end.
     void loadWhenIdle(const QString& path);
 
     /// Loads the current recording again, if there is one, with the settings as they are now.
