@@ -350,7 +350,7 @@ void MainWindow::connectLists()
     });
     connect(m_opener, &FileOpener::listInvalidated, m_headers, &HeaderChain::openSingleFile);
     connect(m_headers, &HeaderChain::signalGetFileHeaderInfo, this, &MainWindow::signalGetFileHeaderInfo);
-    connect(m_headers, &HeaderChain::recordingWanted, this, &MainWindow::plot_Data);
+    connect(m_headers, &HeaderChain::recordingWanted, m_loader, &RecordingLoader::loadWhenIdle);
     connect(m_headers, &HeaderChain::viewModeChanged, m_panes, &PlotPanes::showListsOf);
     connect(m_headers, &HeaderChain::listCompleteChanged, this,
             [this](bool complete) { m_fileActions->setListComplete(complete); });
@@ -419,7 +419,7 @@ void MainWindow::connectEvaluation()
 
 void MainWindow::connectLoading()
 {
-    connect(m_opener, &FileOpener::recordingWanted, this, &MainWindow::plot_Data);
+    connect(m_opener, &FileOpener::recordingWanted, m_loader, &RecordingLoader::loadWhenIdle);
 
     connect(m_loader, &RecordingLoader::signalCalcSpektrogramm, this, &MainWindow::signalCalcSpektrogramm);
     connect(m_loader, &RecordingLoader::clearing, m_playback, &PlaybackController::clearRecording);
@@ -428,7 +428,6 @@ void MainWindow::connectLoading()
     connect(m_loader, &RecordingLoader::clearing, m_presenter, &ViewerPresenter::clear);
     connect(m_loader, &RecordingLoader::clearing, this, [this] { m_fileActions->setRecordingShown(false); });
     connect(m_loader, &RecordingLoader::unreadable, m_presenter, &ViewerPresenter::showEmpty);
-    connect(m_loader, &RecordingLoader::unreadable, this, [this] { m_fileActions->setOpeningEnabled(true); });
     connect(m_loader, &RecordingLoader::unreadable, this, &MainWindow::recordingUnreadable);
     connect(m_loader, &RecordingLoader::loaded, m_settingsDialog, &SpectrogramSettingsDialog::setSampleRate);
     connect(m_loader, &RecordingLoader::loaded, this, [this](int sampleRate) {

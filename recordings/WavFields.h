@@ -46,7 +46,7 @@ struct WavFields
     // texts of all other chunks they are Latin-1.
     bool bextFound = false;
     quint32 bextSize = 0;
-    QString bextDescription; ///< the class record
+    QString bextDescription; ///< the class record; known also where a chunk before it could not be read
     QString bextOriginator;
     QString bextReference;
     QString bextDate; ///< "yyyy-MM-dd" where the recorder keeps to the standard

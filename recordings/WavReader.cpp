@@ -79,8 +79,10 @@ void WavReader::parse(QIODevice& device, bool headerOnly)
         return;
     RiffChunks::Step step = chunks.next();
     while (step == RiffChunks::Step::Chunk) {
-        if (!readChunk(chunks, device, headerOnly))
+        if (!readChunk(chunks, device, headerOnly)) {
+            readDescriptionBehind(chunks);
             return;
+        }
         step = chunks.next();
     }
     if (step == RiffChunks::Step::PartialId)
@@ -88,6 +90,19 @@ void WavReader::parse(QIODevice& device, bool headerOnly)
     else if (step == RiffChunks::Step::PartialSize)
         fail(QStringLiteral("Error while reading a chunk header size."));
     qCDebug(lcRecordings, "End of read. \n");
+}
+
+/// A recording that cannot be read further, in stereo for instance, may still carry a class record, and that
+/// can be written: what a write would replace has to be known.
+void WavReader::readDescriptionBehind(RiffChunks& chunks)
+{
+    if (bextFound || chunks.id() == fourCC("bext"))
+        return;
+    while (chunks.next() == RiffChunks::Step::Chunk)
+        if (chunks.id() == fourCC("bext")) {
+            readText(chunks, 256, &bextDescription, Charset::SignedBytes);
+            return;
+        }
 }
 
 bool WavReader::readOpening(RiffChunks& chunks)

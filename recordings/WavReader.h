@@ -33,6 +33,7 @@ public:
 
 private:
     void parse(QIODevice& device, bool headerOnly);
+    void readDescriptionBehind(RiffChunks& chunks);
     bool readOpening(RiffChunks& chunks);
     // Each reads one chunk and returns whether to go on behind it.
     bool readChunk(RiffChunks& chunks, QIODevice& device, bool headerOnly);

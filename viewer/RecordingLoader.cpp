@@ -7,6 +7,8 @@
 #include "recordings/RecordingFile.h"
 #include "recordings/RecordingSession.h"
 
+#include <utility>
+
 RecordingLoader::RecordingLoader(RecordingSession& session, RecordingFile& file, SettingsStore& settings,
                                  UserPrompts& prompts, QObject* parent)
     : QObject(parent), m_session(session), m_file(file), m_settings(settings), m_prompts(prompts)
@@ -16,7 +18,8 @@ void RecordingLoader::load(const QString& path)
 {
     if (m_session.busy) {
         // The worker reads the samples. Other settings for the same recording are caught up with later.
-        m_reloadWanted = m_reloadWanted || path == m_session.path;
+        if (path == m_session.path && m_waitingPath.isEmpty())
+            m_waitingPath = path;
         return;
     }
     m_session.path = path;
@@ -24,6 +27,14 @@ void RecordingLoader::load(const QString& path)
     m_session.clearRecording();
     if (readRecording(path))
         requestSpectrogram();
+}
+
+void RecordingLoader::loadWhenIdle(const QString& path)
+{
+    if (m_session.busy)
+        m_waitingPath = path;
+    else
+        load(path);
 }
 
 void RecordingLoader::reload()
@@ -34,10 +45,8 @@ void RecordingLoader::reload()
 
 void RecordingLoader::computationEnded()
 {
-    if (!m_reloadWanted)
-        return;
-    m_reloadWanted = false;
-    load(m_session.path);
+    if (!m_waitingPath.isEmpty())
+        load(std::exchange(m_waitingPath, {}));
 }
 
 bool RecordingLoader::readRecording(const QString& path)

@@ -4,6 +4,7 @@
 #include "viewer/core/AxisLimits.h"
 
 #include <QObject>
+#include <QString>
 
 #include <vector>
 
@@ -26,6 +27,10 @@ public:
     /// Loads the recording at `path` and requests its spectrogram. While one is computed nothing is touched;
     /// if `path` is that very recording, it is loaded again when the computation has ended.
     void load(const QString& path);
+
+    /// The same for a wish that must not be lost: the first recording of a folder that had to wait for
+    /// another list to stop loading. While a spectrogram is computed the last such wish waits for its end.
+    void loadWhenIdle(const QString& path);
 
     /// Loads the current recording again, if there is one, with the settings as they are now.
     void reload();
@@ -58,7 +63,7 @@ private:
     RecordingFile& m_file;
     SettingsStore& m_settings;
     UserPrompts& m_prompts;
-    bool m_reloadWanted = false;
+    QString m_waitingPath;
 };
 
 #endif

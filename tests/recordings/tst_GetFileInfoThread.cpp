@@ -110,6 +110,9 @@ void tst_GetFileInfoThread::header_data()
         "\xef\xbf\x83\xef\xbe\xa4;;;;;;0.050;01/05/24;22:10:30;");
     row("broken behind the bext", WavBytes().bext(WavBytes::Bext::ofRecorder("Pip|")).raw("xyz").bytes(),
         "Pip;;;;;;N/A;01/05/24;22:10:30;");
+    row("stereo, but with a record",
+        WavBytes().fmt(1, 16, 2).data({1}).bext(WavBytes::Bext::ofRecorder("Pip|x")).bytes(),
+        "Pip;;;;;;N/A;N/A;N/A;x");
     row("data cut", recording("Pip|").bytes().left(2000), ";;;;;;N/A;N/A;N/A;");
     row("empty", "", ";;;;;;N/A;N/A;N/A;");
     row("another suffix", good.bytes(), ";;;;;;N/A;N/A;N/A;", "a.mp3");

@@ -68,7 +68,10 @@ private slots:
         loader.load(path);
         const int* samples = session.timedata.data();
 
-        loader.load(m_folder.filePath(QStringLiteral("another.wav")));
+        const QString another = m_folder.filePath(QStringLiteral("another.raw"));
+        QVERIFY(QFile::copy(path, another));
+        loader.load(path);
+        loader.loadWhenIdle(another);
         loader.load(path);
         QCOMPARE(session.path, path);
         QCOMPARE(session.timedata.data(), samples);
@@ -76,7 +79,11 @@ private slots:
 
         session.busy = false;
         loader.computationEnded();
-        QCOMPARE(requests.size(), 2); // the wish to load it again was kept
+        QCOMPARE(requests.size(), 2);
+        QCOMPARE(session.path, another);
+        session.busy = false;
+        loader.computationEnded();
+        QCOMPARE(requests.size(), 2); // nothing waits any more
     }
 
 private:
