@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr int quietMilliseconds = 1000;
+constexpr int delay = 1000; // ms; changes come in groups
 
 } // namespace
 
@@ -15,7 +15,8 @@ BackgroundSettings::~BackgroundSettings()
 
 void BackgroundSettings::writeSoon()
 {
-    m_timer.start(quietMilliseconds, this);
+    if (!m_timer.isActive())
+        m_timer.start(delay, this);
 }
 
 bool BackgroundSettings::event(QEvent* event)

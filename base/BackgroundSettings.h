@@ -17,7 +17,7 @@ public:
     BackgroundSettings() = default;
     ~BackgroundSettings() override;
 
-    /// Has the values written when none has been set for a second.
+    /// Has the values written within about a second.
     void writeSoon();
 
 protected:

@@ -12,7 +12,7 @@
 /// Reads and writes the store that the application's organization and application name select, so construct
 /// it after these are set. Values are read on every use: two stores of one process see each other's writes at
 /// once. A value that does not convert reads as its type's zero, as QVariant converts it. Values reach the
-/// disk in the background, a second after the last change. Keep one alive for as long as settings change:
+/// disk in the background, a second after a change. Keep one alive for as long as settings change:
 /// each object writes the file when it goes. GUI thread only.
 class SettingsStore
 {
