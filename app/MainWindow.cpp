@@ -21,6 +21,7 @@
 #include "evaluation/FolderEvaluationController.h"
 #include "evaluation/ListedRows.h"
 #include "evaluation/core/CopyFilesThread.h"
+#include "recordings/ClassRecord.h"
 #include "recordings/GetFileInfoThread.h"
 #include "recordings/RecordingFile.h"
 #include "recordings/RecordingSession.h"
@@ -53,6 +54,8 @@
 #include <QStyle>
 #include <QThread>
 #include <QTimer>
+
+#include <array>
 
 namespace {
 
@@ -390,13 +393,18 @@ void MainWindow::connectClasses()
 void MainWindow::connectMenus()
 {
     using Slot = void (MainWindow::*)();
-    static constexpr Slot reassign[] = {&MainWindow::reassign1triggered, &MainWindow::reassign2triggered,
-                                        &MainWindow::reassign3triggered, &MainWindow::reassign4triggered};
-    static constexpr Slot unassign[] = {&MainWindow::unassign1triggered, &MainWindow::unassign2triggered,
-                                        &MainWindow::unassign3triggered, &MainWindow::unassign4triggered};
+    using Slots = std::array<Slot, ClassRecord::slotCount>;
+    const Slots reassign = {&MainWindow::reassign1triggered, &MainWindow::reassign2triggered,
+                            &MainWindow::reassign3triggered, &MainWindow::reassign4triggered};
+    const Slots unassign = {&MainWindow::unassign1triggered, &MainWindow::unassign2triggered,
+                            &MainWindow::unassign3triggered, &MainWindow::unassign4triggered};
+    const auto call = [this](const Slots& slotsOfMenu, int slot) {
+        const Slot wanted = slotsOfMenu.at(static_cast<std::size_t>(slot));
+        (this->*wanted)();
+    };
     const FileListMenus* menus = &m_assigning->menus();
-    connect(menus, &FileListMenus::reassigningWanted, this, [this](int slot) { (this->*reassign[slot])(); });
-    connect(menus, &FileListMenus::unassigningWanted, this, [this](int slot) { (this->*unassign[slot])(); });
+    connect(menus, &FileListMenus::reassigningWanted, this, [=](int slot) { call(reassign, slot); });
+    connect(menus, &FileListMenus::unassigningWanted, this, [=](int slot) { call(unassign, slot); });
     connect(menus, &FileListMenus::csvExportWanted, this, &MainWindow::exportCSVFileFromAction);
     connect(menus, &FileListMenus::vantorExportWanted, this, &MainWindow::exportVantorFileFromAction);
 }
