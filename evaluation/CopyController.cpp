@@ -79,12 +79,10 @@ void CopyController::start(const QString& newDirectory, const QStringList& names
                  });
 }
 
-void CopyController::copyingFinished(int index, const QString& newDirectory, const QString& oldDirectory,
-                                     const QStringList& fileNames, bool overwrite)
+void CopyController::copyingFinished(int index, const QString& /*newDirectory*/,
+                                     const QString& /*oldDirectory*/, const QStringList& fileNames,
+                                     bool /*overwrite*/)
 {
-    Q_UNUSED(newDirectory)
-    Q_UNUSED(oldDirectory)
-    Q_UNUSED(overwrite)
     m_run->answered(index, fileNames.isEmpty() || fileNames.last() != CopyFilesThread::errorMark());
 }
 

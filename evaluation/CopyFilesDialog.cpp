@@ -26,8 +26,7 @@ void CopyFilesDialog::checkBox(int state)
     m_classes->setChecked(sender(), state);
 }
 
-void CopyFilesDialog::on_treeWidget_itemDoubleClicked(QTreeWidgetItem* item, int column)
+void CopyFilesDialog::on_treeWidget_itemDoubleClicked(QTreeWidgetItem* item, int /*column*/)
 {
-    Q_UNUSED(column)
     m_classes->toggle(item);
 }

@@ -35,8 +35,7 @@ void ExportVantorDialog::checkBox(int state)
     m_classes->setChecked(sender(), state);
 }
 
-void ExportVantorDialog::on_treeWidget_itemDoubleClicked(QTreeWidgetItem* item, int column)
+void ExportVantorDialog::on_treeWidget_itemDoubleClicked(QTreeWidgetItem* item, int /*column*/)
 {
-    Q_UNUSED(column)
     m_classes->toggle(item);
 }

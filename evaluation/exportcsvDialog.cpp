@@ -37,9 +37,8 @@ void exportcsvDialog::checkBox(int state)
     m_classes->setChecked(sender(), state);
 }
 
-void exportcsvDialog::on_treeWidget_itemDoubleClicked(QTreeWidgetItem* item, int column)
+void exportcsvDialog::on_treeWidget_itemDoubleClicked(QTreeWidgetItem* item, int /*column*/)
 {
-    Q_UNUSED(column)
     m_classes->toggle(item);
 }
 
