@@ -2,6 +2,7 @@
 // rows and counts in a shown window, against the writing alone, and how long the GUI thread is kept from its
 // event loop.
 
+#include "benchmarks/windowBenchmarks.h"
 #include "classes/AssignmentController.h"
 #include "classes/ClassTreePane.h"
 #include "recordings/RecordingSession.h"
@@ -159,12 +160,7 @@ BENCHMARK(assignToAll)->UseManualTime()->Unit(benchmark::kMillisecond)->Iteratio
 
 int main(int argc, char** argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
     qRegisterMetaType<QTreeWidgetItem*>("QTreeWidgetItem*");
     qRegisterMetaType<QList<QTreeWidgetItem*>>("QList<QTreeWidgetItem*>");
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runWindowBenchmarks(argc, argv);
 }

@@ -4,6 +4,7 @@
 // and counted in both), and the table with ten classes and three columns of events is on the disk within 2 s;
 // copying files of 1 MB takes at most 1.2 times as long as `cp` does. Copies are made in turns with those of
 // the peer; the best round of each counts.
+#include "benchmarks/windowBenchmarks.h"
 #include "evaluation/ListedRows.h"
 #include "evaluation/core/CopyFilesThread.h"
 #include "evaluation/core/CsvExport.h"
@@ -184,10 +185,5 @@ BENCHMARK(copyFiles)->Name("CopyFiles")->Iterations(1)->UseManualTime()->Unit(be
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runWindowBenchmarks(argc, argv);
 }

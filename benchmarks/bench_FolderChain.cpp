@@ -1,24 +1,16 @@
 // Filling the list of a large folder: the chain of header requests against an empty chain on the same
 // threads, and how long the GUI thread is kept from its event loop.
 
+#include "benchmarks/FolderLoading.h"
 #include "benchmarks/StallWatch.h"
-#include "recordings/GetFileInfoThread.h"
-#include "recordings/RecordingSession.h"
-#include "tests/support/ScriptedPrompts.h"
+#include "benchmarks/windowBenchmarks.h"
 #include "tools/WavBytes.h"
-#include "viewer/FileListPane.h"
-#include "viewer/HeaderChain.h"
 
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
-#include <QLabel>
-#include <QProgressBar>
 #include <QTemporaryDir>
 #include <QThread>
-#include <QTimer>
-#include <QTreeWidget>
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
@@ -92,55 +84,6 @@ signals:
     void finished();
 };
 
-/// A window's list, its chain and the header worker on a thread of its own.
-class Loading
-{
-public:
-    explicit Loading(FileListPane::Purpose purpose = FileListPane::Purpose::Folder)
-        : m_pane({list, m_progress, m_count}, purpose, m_session, nullptr),
-          m_chain(m_session, m_pane, m_pane, m_prompts,
-                  {[this] { m_thread.start(); },
-                   [this] {
-                       m_thread.quit();
-                       m_thread.wait();
-                   }}),
-          m_worker(m_prompts)
-    {
-        list.resize(700, 500);
-        list.show();
-        m_worker.moveToThread(&m_thread);
-        QObject::connect(&m_chain, &HeaderChain::signalGetFileHeaderInfo, &m_worker,
-                         &GetFileInfoThread::getFileHeaderInfo);
-        QObject::connect(&m_worker, &GetFileInfoThread::signalFileInfoHeaderFinished, &m_chain,
-                         &HeaderChain::fileInfoHeaderFinished);
-    }
-
-    void run(const FolderTask& task)
-    {
-        QEventLoop loop;
-        QObject::connect(&m_chain, &HeaderChain::listCompleteChanged, &loop, [&](bool complete) {
-            if (complete)
-                loop.quit();
-        });
-        QTimer::singleShot(0, &loop, [&] { m_chain.open(task); });
-        loop.exec();
-    }
-
-    FileListPane& pane() { return m_pane; }
-
-    QTreeWidget list;
-
-private:
-    ScriptedPrompts m_prompts;
-    RecordingSession m_session;
-    QProgressBar m_progress;
-    QLabel m_count;
-    FileListPane m_pane;
-    HeaderChain m_chain;
-    QThread m_thread;
-    GetFileInfoThread m_worker;
-};
-
 double emptyChain(int requests)
 {
     EmptyWorker worker;
@@ -187,13 +130,9 @@ void folderAgainstEmptyChain(benchmark::State& state)
     double leastReading = 1e9;
     double stall = 0.0;
     for (auto _ : state) {
-        Loading loading;
-        QApplication::processEvents();
+        FolderLoading loading(FileListPane::Purpose::Folder);
         const StallWatch watch(5);
-        QElapsedTimer timer;
-        timer.start();
-        loading.run(FolderTask::openedFolder(folder));
-        const double seconds = static_cast<double>(timer.nsecsElapsed()) * 1e-9;
+        const double seconds = loading.run(FolderTask::openedFolder(folder));
         state.SetIterationTime(seconds);
         least = std::min(least, seconds);
         stall = std::max(stall, watch.milliseconds());
@@ -236,8 +175,7 @@ void listRows(benchmark::State& state)
     double building = 1e9;
     double filling = 1e9;
     for (auto _ : state) {
-        Loading loading(FileListPane::Purpose::Assignment);
-        QApplication::processEvents();
+        FolderLoading loading(FileListPane::Purpose::Assignment);
         QElapsedTimer timer;
         timer.start();
         loading.pane().beginLoading(names);
@@ -263,7 +201,7 @@ BENCHMARK(listRows)
 /// A click on a header: sorting by name, date or length.
 void sorting(benchmark::State& state)
 {
-    Loading loading;
+    FolderLoading loading(FileListPane::Purpose::Folder);
     loading.pane().beginLoading(manyNames(folderFiles));
     for (int i = 0; i < folderFiles; ++i) {
         RecordingRow row = someRow();
@@ -286,12 +224,7 @@ BENCHMARK(sorting)->Unit(benchmark::kMillisecond)->Arg(0)->Arg(1)->Arg(3);
 
 int main(int argc, char** argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runWindowBenchmarks(argc, argv);
 }
 
 #include "bench_FolderChain.moc"

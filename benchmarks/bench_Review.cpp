@@ -1,28 +1,18 @@
 // Reviewing a large folder: the whole chain of list, header worker and result file, against opening the same
 // folder without the results, and the lookup against searching the file from its start for each recording.
 
-#include "recordings/GetFileInfoThread.h"
-#include "recordings/RecordingSession.h"
-#include "tests/support/ScriptedPrompts.h"
+#include "benchmarks/FolderLoading.h"
+#include "benchmarks/windowBenchmarks.h"
+#include "recordings/RecorderResult.h"
 #include "tools/WavBytes.h"
-#include "viewer/FileListPane.h"
-#include "viewer/HeaderChain.h"
 
-#include <QApplication>
 #include <QElapsedTimer>
-#include <QEventLoop>
 #include <QFile>
-#include <QLabel>
-#include <QProgressBar>
 #include <QTemporaryDir>
-#include <QThread>
-#include <QTimer>
-#include <QTreeWidget>
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdio>
-#include <memory>
 
 namespace {
 
@@ -80,40 +70,9 @@ const ReviewFolder& reviewFolder()
     return folder;
 }
 
-/// Fills a shown list by the header worker on a thread of its own. Returns the seconds that this took.
 double secondsToFill(const FolderTask& task)
 {
-    ScriptedPrompts prompts;
-    RecordingSession session;
-    QTreeWidget list;
-    QProgressBar progress;
-    QLabel count;
-    FileListPane pane({list, progress, count}, FileListPane::Purpose::Assignment, session, nullptr);
-    QThread thread;
-    const auto stop = [&thread] {
-        thread.quit();
-        thread.wait();
-    };
-    HeaderChain chain(session, pane, pane, prompts, {[&thread] { thread.start(); }, stop});
-    GetFileInfoThread worker(prompts);
-    worker.moveToThread(&thread);
-    QObject::connect(&chain, &HeaderChain::signalGetFileHeaderInfo, &worker,
-                     &GetFileInfoThread::getFileHeaderInfo);
-    QObject::connect(&worker, &GetFileInfoThread::signalFileInfoHeaderFinished, &chain,
-                     &HeaderChain::fileInfoHeaderFinished);
-    QEventLoop loop;
-    QObject::connect(&chain, &HeaderChain::listCompleteChanged, &loop, [&loop](bool complete) {
-        if (complete)
-            loop.quit();
-    });
-    list.resize(700, 500);
-    list.show();
-    QApplication::processEvents();
-    QElapsedTimer timer;
-    timer.start();
-    QTimer::singleShot(0, &loop, [&] { chain.open(task); });
-    loop.exec();
-    return static_cast<double>(timer.nsecsElapsed()) * 1e-9;
+    return FolderLoading(FileListPane::Purpose::Assignment).run(task);
 }
 
 /// `rewriting`: each record has to be changed and written, as in the first review with the simple tree; else
@@ -183,10 +142,5 @@ BENCHMARK(lookUp)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5)
 
 int main(int argc, char** argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runWindowBenchmarks(argc, argv);
 }

@@ -5,6 +5,7 @@
 #include "app/MainWindow.h"
 #include "app/QueuedTypes.h"
 #include "benchmarks/StallWatch.h"
+#include "benchmarks/windowBenchmarks.h"
 #include "tests/support/TemporarySettings.h"
 #include "tools/WavBytes.h"
 
@@ -247,12 +248,7 @@ BENCHMARK(assignToAll)->UseManualTime()->Unit(benchmark::kMillisecond)->Iteratio
 
 int main(int argc, char** argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    const QApplication application(argc, argv);
     registerQueuedTypes();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return runWindowBenchmarks(argc, argv);
 }
